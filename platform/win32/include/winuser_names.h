@@ -1,0 +1,47 @@
+#pragma once
+
+// The names without a suffix stand for the functions on narrow text, as in programs built for them.
+#define CallWindowProc CallWindowProcA
+#define CreateDialogIndirectParam CreateDialogIndirectParamA
+#define CreateWindowEx CreateWindowExA
+#define DefDlgProc DefDlgProcA
+#define DefWindowProc DefWindowProcA
+#define DialogBoxIndirectParam DialogBoxIndirectParamA
+#define DispatchMessage DispatchMessageA
+#define FindWindow FindWindowA
+#define GetClassInfo GetClassInfoA
+#define GetClassLongPtr GetClassLongPtrA
+#define GetClassName GetClassNameA
+#define GetDlgItemText GetDlgItemTextA
+#define GetMessage GetMessageA
+#define GetProp GetPropA
+#define GetWindowLong GetWindowLongA
+#define GetWindowLongPtr GetWindowLongPtrA
+#define GetWindowText GetWindowTextA
+#define GetWindowTextLength GetWindowTextLengthA
+#define IsDialogMessage IsDialogMessageA
+#define LoadCursor LoadCursorA
+#define LoadIcon LoadIconA
+#define MapVirtualKey MapVirtualKeyA
+#define MessageBox MessageBoxA
+#define PeekMessage PeekMessageA
+#define PostMessage PostMessageA
+#define PostThreadMessage PostThreadMessageA
+#define RegisterClass RegisterClassA
+#define RegisterWindowMessage RegisterWindowMessageA
+#define RemoveProp RemovePropA
+#define SendDlgItemMessage SendDlgItemMessageA
+#define SendMessage SendMessageA
+#define SendMessageTimeout SendMessageTimeoutA
+#define SendNotifyMessage SendNotifyMessageA
+#define SetClassLongPtr SetClassLongPtrA
+#define SetDlgItemText SetDlgItemTextA
+#define SetProp SetPropA
+#define SetWindowLong SetWindowLongA
+#define SetWindowLongPtr SetWindowLongPtrA
+#define SetWindowText SetWindowTextA
+#define SetWindowsHookEx SetWindowsHookExA
+#define SystemParametersInfo SystemParametersInfoA
+#define UnregisterClass UnregisterClassA
+#define VkKeyScan VkKeyScanA
+#define CreateWindow CreateWindowA
