@@ -18,6 +18,10 @@ struct StartOptions {
 
 /// Before the first window and at most once a run; later calls change nothing and answer false.
 /// Answers false as well when a window was asked for and none could be had: the layer is headless then.
-bool Start(const StartOptions& options);
+#ifdef _WIN32
+inline bool Start(const StartOptions&) { return true; }
+#else
+__attribute__((visibility("default"))) bool Start(const StartOptions& options);
+#endif
 
 }  // namespace platform
