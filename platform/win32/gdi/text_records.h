@@ -1,0 +1,42 @@
+#pragma once
+
+#include <windef.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace winbase {
+
+/// A text that a surface shows.
+struct TextRecord {
+    std::string text;  ///< bytes as drawn, code page 936
+    RECT rect{};       ///< the part of its cell that is still seen, logical pixels of the surface
+    COLORREF color = 0;
+    int weight = 400;
+};
+
+/// Recording is off at first; while it is off, nothing is kept and nothing costs time. Turning it
+/// off leaves what was recorded.
+bool RecordingTexts();
+void RecordTexts(bool on);
+
+/// The texts of one surface. All rectangles are logical pixels of that surface.
+class TextRecords {
+public:
+    bool Empty() const { return records_.empty(); }
+    const std::vector<TextRecord>& All() const { return records_; }
+    void Clear() { records_.clear(); }
+
+    void Add(std::string_view text, const RECT& rect, COLORREF color, int weight);
+    /// Something was painted over the rectangle: records lose what it covers, up to all of them.
+    void Cover(const RECT& rect);
+    /// The records within `source` of another surface (or this one), as they were before, now seen
+    /// at `target`, which has the same size.
+    void CopyFrom(const std::vector<TextRecord>& records, const RECT& source, const RECT& target);
+
+private:
+    std::vector<TextRecord> records_;
+};
+
+}  // namespace winbase
