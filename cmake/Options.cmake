@@ -20,7 +20,8 @@ if(WIN32)
   # A window's private record may be placed behind a pointer only, so the system headers stay lean.
   target_compile_definitions(project_options INTERFACE
     WIN32_LEAN_AND_MEAN NOMINMAX STRICT _WIN32_WINNT=0x0601)
-  target_link_options(project_options INTERFACE -static-libgcc -static-libstdc++)
+  # No compiler library travels along; the project's own libraries and the system's still do.
+  target_link_options(project_options INTERFACE -static)
 else()
   target_include_directories(project_options SYSTEM INTERFACE
     ${CMAKE_SOURCE_DIR}/platform/win32/include)
