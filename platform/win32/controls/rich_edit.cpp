@@ -1,0 +1,103 @@
+#include "platform/win32/controls/rich_edit.h"
+
+#include <richedit.h>
+
+#include <algorithm>
+
+namespace winbase {
+
+RichEditControl::RichEditControl(HWND window, LineEnds ends) : EditControl(window, ends) {
+    limit_ = 32767;
+}
+
+LRESULT RichEditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case EM_SETEVENTMASK: {
+            const DWORD old = event_mask_;
+            event_mask_ = static_cast<DWORD>(lParam);
+            return static_cast<LRESULT>(old);
+        }
+        case EM_GETEVENTMASK: return static_cast<LRESULT>(event_mask_);
+        case EM_SETBKGNDCOLOR: return SetGround(wParam != 0, static_cast<COLORREF>(lParam));
+        case EM_EXLIMITTEXT: limit_ = lParam == 0 ? 0x10000 : static_cast<std::size_t>(lParam); return 0;
+        case EM_EXGETSEL: {
+            auto& range = *reinterpret_cast<CHARRANGE*>(lParam);
+            range.cpMin = static_cast<LONG>(text_.selection_start());
+            range.cpMax = static_cast<LONG>(text_.selection_end()) + (end_mark_selected_ ? 1 : 0);
+            return 0;
+        }
+        case EM_EXSETSEL: {
+            const auto& range = *reinterpret_cast<const CHARRANGE*>(lParam);
+            return SelectRange(range.cpMin, range.cpMax);
+        }
+        case EM_SETSEL: return SelectRange(static_cast<LONG>(wParam), static_cast<LONG>(lParam));
+        case EM_GETSEL: {
+            const LRESULT result = EditControl::Message(message, wParam, lParam);
+            if (end_mark_selected_ && lParam != 0) ++*reinterpret_cast<DWORD*>(lParam);
+            return end_mark_selected_ ? MAKELRESULT(LOWORD(result), HIWORD(result) + 1) : result;
+        }
+        default: return EditControl::Message(message, wParam, lParam);
+    }
+}
+
+LRESULT RichEditControl::SelectRange(LONG from, LONG to) {
+    if (from < 0) {
+        MoveCaret(text_.selection_end(), false);
+        end_mark_selected_ = false;
+        return static_cast<LRESULT>(text_.caret());
+    }
+    const std::size_t start = static_cast<std::size_t>(from);
+    const std::size_t end = to < 0 ? text_.size() + 1 : static_cast<std::size_t>(to);
+    const bool everything = std::max(start, end) > text_.size() && start != end;
+    Select(std::min(start, end), std::max(start, end));
+    end_mark_selected_ = everything;
+    return static_cast<LRESULT>(text_.selection_end()) + (everything ? 1 : 0);
+}
+
+LRESULT RichEditControl::SetGround(bool system, COLORREF color) {
+    const COLORREF old = ground_;
+    own_ground_ = !system;
+    ground_ = system ? GetSysColor(COLOR_WINDOW) : color;
+    InvalidateRect(window_, nullptr, TRUE);
+    return static_cast<LRESULT>(old);
+}
+
+COLORREF RichEditControl::Ground(HDC dc, HBRUSH* brush) const {
+    // Its colours are its own: the parent is not asked. The stock brush takes the wanted colour.
+    SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+    SetDCBrushColor(dc, own_ground_ ? ground_ : GetSysColor(COLOR_WINDOW));
+    *brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+    return IsWindowEnabled(window_) ? GetTextColor(dc) : GetSysColor(COLOR_GRAYTEXT);
+}
+
+bool RichEditControl::CanGrow(const Codes& inserted, std::size_t* room) const {
+    const std::size_t kept = text_.size() - (text_.selection_end() - text_.selection_start());
+    *room = kept >= limit_ ? 0 : std::min(limit_ - kept, inserted.size());
+    return *room == inserted.size();
+}
+
+void RichEditControl::TellChange() {
+    end_mark_selected_ = false;
+    const HWND window = window_;
+    TellSelection();
+    if (IsWindow(window) && (event_mask_ & ENM_CHANGE) != 0) Tell(EN_CHANGE);
+    if (IsWindow(window) && (event_mask_ & ENM_UPDATE) != 0) Tell(EN_UPDATE);
+}
+
+void RichEditControl::TellNewText() { TellChange(); }
+
+void RichEditControl::TellSelection() {
+    end_mark_selected_ = false;
+    if ((event_mask_ & ENM_SELCHANGE) == 0) return;
+    SELCHANGE change{};
+    change.nmhdr.hwndFrom = window_;
+    change.nmhdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID(window_));
+    change.nmhdr.code = EN_SELCHANGE;
+    change.chrg.cpMin = static_cast<LONG>(text_.selection_start());
+    change.chrg.cpMax = static_cast<LONG>(text_.selection_end());
+    change.seltyp = text_.has_selection() ? SEL_TEXT : SEL_EMPTY;
+    SendMessageA(GetParent(window_), WM_NOTIFY, change.nmhdr.idFrom,
+                 reinterpret_cast<LPARAM>(&change));
+}
+
+}  // namespace winbase
