@@ -104,6 +104,15 @@
 #define WM_USER 0x0400
 #define WM_APP 0x8000
 
+// What asks for colours, in the order of the WM_CTLCOLOR... messages
+#define CTLCOLOR_MSGBOX 0
+#define CTLCOLOR_EDIT 1
+#define CTLCOLOR_LISTBOX 2
+#define CTLCOLOR_BTN 3
+#define CTLCOLOR_DLG 4
+#define CTLCOLOR_SCROLLBAR 5
+#define CTLCOLOR_STATIC 6
+
 // WM_ACTIVATE, WM_SIZE, WM_SHOWWINDOW
 #define WA_INACTIVE 0
 #define WA_ACTIVE 1

@@ -164,6 +164,7 @@
 #define WH_CBT 5
 #define WH_MOUSE 7
 #define HC_ACTION 0
+#define HCBT_CREATEWND 3
 
 #define TME_HOVER 0x00000001
 #define TME_LEAVE 0x00000002

@@ -50,6 +50,12 @@ struct CREATESTRUCTA {
 };
 using LPCREATESTRUCTA = CREATESTRUCTA*;
 
+// What a WH_CBT hook sees of a window before its first message.
+struct CBT_CREATEWNDA {
+    CREATESTRUCTA* lpcs;
+    HWND hwndInsertAfter;
+};
+
 struct WINDOWPOS {
     HWND hwnd;
     HWND hwndInsertAfter;
