@@ -2,10 +2,7 @@
 
 if(WIN32)
   # No package holds it for Windows; Debian's sources of it build there.
-  set(gtest_force_shared_crt ON)
   add_subdirectory(/usr/src/googletest ${CMAKE_BINARY_DIR}/googletest EXCLUDE_FROM_ALL SYSTEM)
-  add_library(GTest::gtest ALIAS gtest)
-  add_library(GTest::gmock ALIAS gmock)
   set(GTest_FOUND TRUE)
 else()
   # Without it a build has no tests, so that starting a program needs no test package.
