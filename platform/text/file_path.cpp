@@ -25,6 +25,7 @@ std::FILE* OpenFile(const char* path, const char* mode) {
 #include <vector>
 
 #include "platform/text/gbk.h"
+#include "platform/text/letter_case.h"
 #include "platform/text/text_stream.h"
 
 namespace text {
@@ -41,21 +42,11 @@ struct SplitPath {
     std::vector<std::string> parts;
 };
 
-/// Letter case as file names ignore it: Latin (also full-width), Greek and Cyrillic letters.
-char16_t Fold(char16_t unit) {
-    const auto within = [unit](char16_t first, char16_t last) {
-        return unit >= first && unit <= last;
-    };
-    if (within(u'A', u'Z') || within(0xFF21, 0xFF3A)) return static_cast<char16_t>(unit + 32);
-    if (within(0x0391, 0x03A9) || within(0x0410, 0x042F)) return static_cast<char16_t>(unit + 32);
-    return unit == 0x0401 ? char16_t{0x0451} : unit;
-}
-
 /// A name as it is compared; false when GBK cannot write it, so that nobody can ask for it.
 bool FoldName(std::string_view utf8, std::u16string& folded) {
     bool replaced = false;
     folded = Utf16FromGbk(GbkFromUtf8(utf8, &replaced));
-    std::transform(folded.begin(), folded.end(), folded.begin(), Fold);
+    std::transform(folded.begin(), folded.end(), folded.begin(), FoldCase);
     return !replaced;
 }
 
@@ -76,8 +67,7 @@ void AddPart(SplitPath& path, std::string_view part) {
 }
 
 bool Split(std::string_view utf8, SplitPath& path) {
-    const auto is_letter = [](char c) { return (c | 32) >= 'a' && (c | 32) <= 'z'; };
-    if (utf8.size() >= 2 && is_letter(utf8[0]) && utf8[1] == ':') utf8.remove_prefix(2);
+    if (utf8.starts_with("C:") || utf8.starts_with("c:")) utf8.remove_prefix(2);
     if (utf8.empty() || std::any_of(utf8.begin(), utf8.end(), IsRefused)) return false;
     path.absolute = utf8.front() == '/' || utf8.front() == '\\';
     path.folder = utf8.back() == '/' || utf8.back() == '\\';

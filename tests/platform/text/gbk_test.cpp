@@ -6,6 +6,7 @@
 #include <thread>
 #include <vector>
 
+#include "platform/text/letter_case.h"
 #include "tests/support/gbk_text.h"
 
 namespace {
@@ -142,6 +143,27 @@ TEST(Gbk, PrefixEndsWhereSteppingPasses) {
             EXPECT_EQ(text::PrefixLength(text, limit), stepped)
                 << testing_support::Readable(text) << " cut to " << limit;
         }
+    }
+}
+
+TEST(LetterCase, IsIgnoredInLettersOnly) {
+    const struct {
+        std::string_view left;
+        std::string_view right;
+        bool equal;
+    } cases[] = {
+        {"AbC", "aBc", true},
+        {"ａＢ", "Ａｂ", true},
+        {"Ωλ", "ωΛ", true},
+        {"Жё", "жЁ", true},
+        {"a", "ab", false},
+        {"[", "{", false},
+        {"×", "÷", false},
+        // Second bytes that are the letters 'A' and 'a'.
+        {"\x81\x41", "\x81\x61", false},
+    };
+    for (const auto& c : cases) {
+        EXPECT_EQ(text::EqualNoCase(c.left, c.right), c.equal) << testing_support::Readable(c.left);
     }
 }
 

@@ -34,6 +34,7 @@ TEST(ResolvePath, SpellsWhatNeedNotExist) {
         {"", u8""},
         {"C:", u8""},
         {"ab:c", u8""},
+        {"D:\\a", u8""},
         {"bad\xD6", u8""},
     };
     for (const auto& c : cases) EXPECT_EQ(text::ResolvePath(c.path), Utf8(c.expected));
