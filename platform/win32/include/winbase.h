@@ -7,9 +7,9 @@
 // slash separates, and letter case of existing files and folders does not matter. No other drive
 // exists.
 
+#include "winbase_types.h"
 #include "windef.h"
 #include "winerror.h"
-#include "winbase_types.h"
 
 // Errors. The last error belongs to the thread.
 WIN32_EXPORT DWORD WINAPI GetLastError();
@@ -64,10 +64,9 @@ WIN32_EXPORT BOOL WINAPI CreatePipe(PHANDLE read_end, PHANDLE write_end,
                                     LPSECURITY_ATTRIBUTES security, DWORD size);
 WIN32_EXPORT BOOL WINAPI CreateProcessA(LPCSTR program, LPSTR command_line,
                                         LPSECURITY_ATTRIBUTES process_security,
-                                        LPSECURITY_ATTRIBUTES thread_security,
-                                        BOOL inherit_handles, DWORD flags, LPVOID environment,
-                                        LPCSTR folder, LPSTARTUPINFOA startup,
-                                        LPPROCESS_INFORMATION information);
+                                        LPSECURITY_ATTRIBUTES thread_security, BOOL inherit_handles,
+                                        DWORD flags, LPVOID environment, LPCSTR folder,
+                                        LPSTARTUPINFOA startup, LPPROCESS_INFORMATION information);
 WIN32_EXPORT DWORD WINAPI WaitForSingleObject(HANDLE object, DWORD millis);
 WIN32_EXPORT BOOL WINAPI GetExitCodeProcess(HANDLE process, LPDWORD code);
 WIN32_EXPORT BOOL WINAPI ReadFile(HANDLE file, LPVOID buffer, DWORD size, LPDWORD read,

@@ -16,8 +16,8 @@ WINBASE_HOOK void UseManualClock(DWORD ticks, const SYSTEMTIME& local_time);
 WINBASE_HOOK void AdvanceClock(DWORD millis);
 WINBASE_HOOK bool IsClockManual();
 
-/// Called on the user interface thread each time a loop is about to wait for input; answers true when
-/// it did something, and the loop looks at its queue again. Null takes it away.
+/// Called on the user interface thread each time a loop is about to wait for input; answers true
+/// when it did something, and the loop looks at its queue again. Null takes it away.
 using IdleHandler = bool (*)();
 WINBASE_HOOK void SetIdleHandler(IdleHandler handler);
 

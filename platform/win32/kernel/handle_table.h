@@ -42,12 +42,15 @@ public:
         free_.push_back(slot);
     }
 
-    T* Find(std::uint32_t number) const { return IsLive(number) ? objects_[number & 0xFFFF] : nullptr; }
+    T* Find(std::uint32_t number) const {
+        return IsLive(number) ? objects_[number & 0xFFFF] : nullptr;
+    }
     T* Find(const void* handle) const { return Find(Number(handle)); }
 
     bool IsLive(std::uint32_t number) const {
         const std::uint32_t slot = number & 0xFFFF;
-        return number != 0 && slot < kSlots && live_[slot].load(std::memory_order_acquire) == number;
+        return number != 0 && slot < kSlots &&
+               live_[slot].load(std::memory_order_acquire) == number;
     }
     bool IsLive(const void* handle) const { return IsLive(Number(handle)); }
 

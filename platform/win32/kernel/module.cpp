@@ -1,0 +1,220 @@
+#include <dlfcn.h>
+#include <link.h>
+
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/win32/kernel/kernel_object.h"
+#include "platform/win32/kernel/path.h"
+#include "platform/win32/kernel/program_search.h"
+#include "platform/win32/kernel/text_compare.h"
+
+using namespace winbase;
+
+namespace winbase {
+namespace {
+
+/// A loaded module: the program, the layer under one of the system's names, or a loaded library.
+struct Module : KernelObject {
+    HMODULE handle = nullptr;
+    std::string name;  ///< file name alone, GBK
+    std::string host;  ///< full name in the file system
+    void* library = nullptr;
+    int uses = 0;  ///< LoadLibrary calls without FreeLibrary; the permanent ones are not counted
+    bool permanent = false;
+};
+using ModulePointer = std::shared_ptr<Module>;
+
+constexpr std::array<std::string_view, 8> kSystemModules = {
+    "kernel32.dll", "user32.dll",   "gdi32.dll", "msimg32.dll",
+    "comctl32.dll", "comdlg32.dll", "ole32.dll", "riched20.dll"};
+
+class Modules {
+public:
+    Modules() {
+        AddPermanent("", RunningProgram(), dlopen(nullptr, RTLD_LAZY));
+        Dl_info self = {};
+        dladdr(reinterpret_cast<const void*>(&::LoadLibraryA), &self);
+        const std::string layer = std::filesystem::absolute(self.dli_fname);
+        for (const std::string_view name : kSystemModules) {
+            AddPermanent(name, layer, dlopen(self.dli_fname, RTLD_LAZY));
+        }
+    }
+
+    HMODULE program() const { return modules_.front()->handle; }
+
+    HMODULE FindByName(std::string_view name) const {
+        for (const ModulePointer& module : modules_) {
+            if (!module->name.empty() && EqualNoCase(module->name, name)) return module->handle;
+        }
+        return nullptr;
+    }
+
+    HMODULE AddLoaded(void* library, const std::string& host) {
+        for (const ModulePointer& module : modules_) {
+            if (module->library != library || module->permanent) continue;
+            ++module->uses;
+            return module->handle;
+        }
+        const ModulePointer module = Add(library, host);
+        if (!module) return nullptr;
+        // Windows names, as the program asks for them.
+        const std::string full = WindowsPath(host);
+        module->name = full.substr(full.rfind('\\') + 1);
+        module->uses = 1;
+        return module->handle;
+    }
+
+    void Release(const ModulePointer& module) {
+        if (module->permanent || --module->uses > 0) return;
+        RemoveObject(module->handle);
+        std::erase(modules_, module);
+    }
+
+private:
+    void AddPermanent(std::string_view name, const std::string& host, void* library) {
+        const ModulePointer module = Add(library, host);
+        module->name = name;
+        module->permanent = true;
+    }
+
+    ModulePointer Add(void* library, const std::string& host) {
+        auto module = std::make_shared<Module>();
+        module->library = library;
+        module->host = host;
+        module->handle = static_cast<HMODULE>(AddObject(module));
+        if (!module->handle) return nullptr;
+        modules_.push_back(module);
+        return module;
+    }
+
+    std::vector<ModulePointer> modules_;
+};
+
+std::recursive_mutex& ModulesMutex() {
+    static std::recursive_mutex mutex;
+    return mutex;
+}
+
+/// Only under the mutex. Never destroyed: libraries ask for modules while the program ends.
+Modules& TheModules() {
+    static Modules& modules = *new Modules;
+    return modules;
+}
+
+/// The name with the extension that a name without one gets.
+std::string WithExtension(LPCSTR name) {
+    std::string full = name;
+    const std::size_t separator = full.find_last_of("\\/");
+    const std::size_t dot = full.rfind('.');
+    const bool has_dot = dot != full.npos && (separator == full.npos || dot > separator);
+    return has_dot ? full : full + ".dll";
+}
+
+bool Exists(const std::string& host) {
+    std::error_code error;
+    return !host.empty() && std::filesystem::is_regular_file(host, error);
+}
+
+/// A bare name is looked for beside the program first, then in the current folder.
+std::string FindLibrary(const std::string& name) {
+    if (IsBareName(name.c_str())) {
+        const auto folder = std::filesystem::path(RunningProgram()).parent_path();
+        std::string beside = HostPath((WindowsPath(folder.native() + '/') + name).c_str());
+        if (Exists(beside)) return beside;
+    }
+    const std::string host = HostPath(name.c_str());
+    return Exists(host) ? std::string(std::filesystem::absolute(host)) : std::string();
+}
+
+HMODULE FailModule(DWORD error) {
+    SetLastError(error);
+    return nullptr;
+}
+
+ElfW(Addr) BaseOf(const Module& module) {
+    struct link_map* map = nullptr;
+    return dlinfo(module.library, RTLD_DI_LINKMAP, &map) == 0 ? map->l_addr : 0;
+}
+
+}  // namespace
+}  // namespace winbase
+
+HMODULE GetModuleHandleA(LPCSTR name) {
+    const std::lock_guard lock(ModulesMutex());
+    if (!name) return TheModules().program();
+    const HMODULE found = TheModules().FindByName(WithExtension(name));
+    return found ? found : FailModule(ERROR_MOD_NOT_FOUND);
+}
+
+HMODULE LoadLibraryA(LPCSTR name) {
+    if (!name || *name == '\0') return FailModule(ERROR_INVALID_PARAMETER);
+    // The library's initialisers may call this again.
+    const std::lock_guard lock(ModulesMutex());
+    const std::string full = WithExtension(name);
+    for (const std::string_view system : kSystemModules) {
+        if (EqualNoCase(full, system)) return TheModules().FindByName(system);
+    }
+    const std::string host = FindLibrary(full);
+    if (host.empty()) return FailModule(ERROR_MOD_NOT_FOUND);
+    void* library = dlopen(host.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (!library) return FailModule(ERROR_BAD_EXE_FORMAT);
+    const HMODULE module = TheModules().AddLoaded(library, host);
+    if (!module) dlclose(library);
+    return module;
+}
+
+BOOL FreeLibrary(HMODULE module) {
+    const std::lock_guard lock(ModulesMutex());
+    const auto found = FindObject<Module>(module);
+    if (!found) return FALSE;
+    TheModules().Release(found);
+    // Loading was counted by the system's loader as well.
+    if (!found->permanent) dlclose(found->library);
+    return TRUE;
+}
+
+FARPROC GetProcAddress(HMODULE module, LPCSTR name) {
+    const std::lock_guard lock(ModulesMutex());
+    TheModules();
+    const auto found = FindObject<Module>(module);
+    if (!found) return nullptr;
+    const auto fail = []() -> FARPROC {
+        SetLastError(ERROR_PROC_NOT_FOUND);
+        return nullptr;
+    };
+    // A number instead of a name: nothing here is exported by number.
+    if (reinterpret_cast<ULONG_PTR>(name) < 0x10000) return fail();
+    void* address = dlsym(found->library, name);
+    // The loader looks in the libraries beneath as well; those are other modules.
+    Dl_info info = {};
+    link_map* owner = nullptr;
+    if (!address || dladdr1(address, &info, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP) == 0)
+        return fail();
+    if (owner->l_addr != BaseOf(*found)) return fail();
+    return reinterpret_cast<FARPROC>(address);
+}
+
+DWORD GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size) {
+    const std::lock_guard lock(ModulesMutex());
+    const HMODULE handle = module ? module : TheModules().program();
+    const auto found = std::dynamic_pointer_cast<Module>(FindAnyObject(handle));
+    if (!found) {
+        SetLastError(ERROR_MOD_NOT_FOUND);
+        return 0;
+    }
+    if (!buffer || size == 0) return 0;
+    const std::string name = WindowsPath(found->host);
+    const std::size_t length = std::min<std::size_t>(name.size(), size - 1);
+    std::memcpy(buffer, name.data(), length);
+    buffer[length] = '\0';
+    if (length == name.size()) return static_cast<DWORD>(length);
+    SetLastError(ERROR_INSUFFICIENT_BUFFER);
+    return size;
+}
