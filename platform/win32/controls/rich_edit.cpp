@@ -10,6 +10,10 @@ RichEditControl::RichEditControl(HWND window, LineEnds ends) : EditControl(windo
     limit_ = 32767;
 }
 
+RichEditControl::~RichEditControl() {
+    if (ground_brush_ != nullptr) DeleteObject(ground_brush_);
+}
+
 LRESULT RichEditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case EM_SETEVENTMASK: {
@@ -56,17 +60,17 @@ LRESULT RichEditControl::SelectRange(LONG from, LONG to) {
 
 LRESULT RichEditControl::SetGround(bool system, COLORREF color) {
     const COLORREF old = ground_;
-    own_ground_ = !system;
     ground_ = system ? GetSysColor(COLOR_WINDOW) : color;
+    if (ground_brush_ != nullptr) DeleteObject(ground_brush_);
+    ground_brush_ = system ? nullptr : CreateSolidBrush(ground_);
     InvalidateRect(window_, nullptr, TRUE);
     return static_cast<LRESULT>(old);
 }
 
 COLORREF RichEditControl::Ground(HDC dc, HBRUSH* brush) const {
-    // Its colours are its own: the parent is not asked. The stock brush takes the wanted colour.
+    // Its colours are its own: the parent is not asked.
     SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
-    SetDCBrushColor(dc, own_ground_ ? ground_ : GetSysColor(COLOR_WINDOW));
-    *brush = static_cast<HBRUSH>(GetStockObject(DC_BRUSH));
+    *brush = ground_brush_ != nullptr ? ground_brush_ : GetSysColorBrush(COLOR_WINDOW);
     return IsWindowEnabled(window_) ? GetTextColor(dc) : GetSysColor(COLOR_GRAYTEXT);
 }
 

@@ -9,6 +9,7 @@ namespace winbase {
 class RichEditControl final : public EditControl {
 public:
     RichEditControl(HWND window, LineEnds ends);
+    ~RichEditControl() override;
 
 protected:
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam) override;
@@ -25,7 +26,7 @@ private:
 
     DWORD event_mask_ = 0;
     COLORREF ground_ = RGB(255, 255, 255);
-    bool own_ground_ = false;
+    HBRUSH ground_brush_ = nullptr;  ///< none while the system's colour is wanted
     bool end_mark_selected_ = false;  ///< everything, the text's last line end included
 };
 
