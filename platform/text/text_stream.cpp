@@ -5,9 +5,7 @@
 
 #include <sys/types.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -41,8 +39,7 @@ std::string Translate(std::string_view raw) {
 
 ssize_t Read(void* cookie, char* buffer, std::size_t size) {
     auto& reader = *static_cast<Reader*>(cookie);
-    const std::size_t length = std::min(size, reader.content.size() - reader.position);
-    std::memcpy(buffer, reader.content.data() + reader.position, length);
+    const std::size_t length = reader.content.copy(buffer, size, reader.position);
     reader.position += length;
     return static_cast<ssize_t>(length);
 }
@@ -97,14 +94,14 @@ std::FILE* OpenTextReader(std::FILE* binary) {
     }
     auto reader = std::make_unique<Reader>(Reader{Translate(raw)});
     std::FILE* stream = fopencookie(reader.get(), "r", {Read, nullptr, Seek, CloseReader});
-    if (stream) reader.release();
+    if (stream) static_cast<void>(reader.release());
     return stream;
 }
 
 std::FILE* OpenTextWriter(std::FILE* binary) {
     File file(binary);
     std::FILE* stream = fopencookie(binary, "w", {nullptr, Write, nullptr, CloseWriter});
-    if (stream) file.release();
+    if (stream) static_cast<void>(file.release());
     return stream;
 }
 

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
@@ -16,11 +15,12 @@ namespace testing_support {
 class TempFolder {
 public:
     TempFolder() : before_(std::filesystem::current_path()) {
-        static std::atomic<int> count{0};
         const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-        path_ = std::filesystem::temp_directory_path() /
-                ("gold_test_" + std::to_string(ticks) + "_" + std::to_string(++count));
-        std::filesystem::create_directories(path_);
+        // Programs that run side by side may start in one tick: the first to make a folder has it.
+        for (auto number = ticks; path_.empty() || !std::filesystem::create_directory(path_);) {
+            path_ =
+                std::filesystem::temp_directory_path() / ("gold_test_" + std::to_string(number++));
+        }
         std::filesystem::current_path(path_);
     }
     ~TempFolder() {

@@ -170,6 +170,7 @@ TEST(LetterCase, IsIgnoredInLettersOnly) {
 TEST(Gbk, TablesMayBeAskedFromAnyThread) {
     std::vector<std::thread> threads;
     std::vector<std::string> results(8);
+    threads.reserve(results.size());
     for (std::string& result : results) {
         threads.emplace_back([&result] { result = text::GbkFromUtf8(text::Utf8FromGbk("中文")); });
     }

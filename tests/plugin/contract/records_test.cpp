@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <string>
+#include <string_view>
 
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/market_records.h"
@@ -54,7 +56,8 @@ TEST(Records, CopyingCarriesReservedBytes) {
     CZebContract contract;
     std::memset(&contract, 0xA5, sizeof(contract));
     const CZebContract copy = contract;
-    EXPECT_EQ(std::memcmp(&copy, &contract, sizeof(copy)), 0);
+    const std::string expected(sizeof(copy), '\xA5');
+    EXPECT_EQ(std::string_view(reinterpret_cast<const char*>(&copy), sizeof(copy)), expected);
 }
 
 TEST(Records, FullTextFieldsAreReadToTheirEndOnly) {

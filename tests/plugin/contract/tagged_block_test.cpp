@@ -39,6 +39,7 @@ TEST(TaggedBlock, NullIsHarmless) {
 TEST(TaggedBlock, PassesBetweenThreads) {
     std::vector<std::thread> threads;
     std::vector<void*> blocks(8);
+    threads.reserve(blocks.size());
     for (std::size_t i = 0; i < blocks.size(); ++i) {
         threads.emplace_back([&blocks, i] {
             for (int round = 0; round < 200; ++round) {
