@@ -2,6 +2,7 @@
 
 #include <windef.h>
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -52,9 +53,9 @@ public:
 
     /// What was drawn since the last TakeDamage; empty for surfaces that don't collect.
     Region TakeDamage();
-    bool HasDamage() const { return !damage_.Empty(); }
+    bool HasDamage() const { return damage_count_ != 0; }
     void AddDamage(const RECT& rect) {
-        if (collects_ && !winbase::Contains(last_damage_, rect)) CollectDamage(rect);
+        if (collects_ && !winbase::Contains(damage_[0], rect)) CollectDamage(rect);
     }
 
     TextRecords& records() { return records_; }
@@ -72,8 +73,9 @@ private:
     std::unique_ptr<Pixel[]> pixels_;
     Pixel* top_row_ = nullptr;
     std::ptrdiff_t stride_ = 0;
-    Region damage_;
-    RECT last_damage_{};
+    // A few rectangles that may overlap: exact enough to present, and adding one allocates nothing.
+    std::array<RECT, 8> damage_{};
+    std::size_t damage_count_ = 0;
     TextRecords records_;
 };
 

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/win32/gdi/region.h"
+
 namespace winbase {
 
 /// A text that a surface shows.
@@ -28,12 +30,14 @@ public:
     const std::vector<TextRecord>& All() const { return records_; }
     void Clear() { records_.clear(); }
 
-    void Add(std::string_view text, const RECT& rect, COLORREF color, int weight);
+    /// Keeps the smallest rectangle around what `reach` leaves of `rect`.
+    void Add(std::string_view text, const RECT& rect, const Region& reach, COLORREF color, int weight);
     /// Something was painted over the rectangle: records lose what it covers, up to all of them.
     void Cover(const RECT& rect);
-    /// The records within `source` of another surface (or this one), as they were before, now seen
-    /// at `target`, which has the same size.
-    void CopyFrom(const std::vector<TextRecord>& records, const RECT& source, const RECT& target);
+    /// What another surface (or this one) showed in `source` is now seen at `target`, which has the
+    /// same size, as far as `reach` goes.
+    void CopyFrom(const std::vector<TextRecord>& records, const RECT& source, const RECT& target,
+                  const Region& reach);
 
 private:
     std::vector<TextRecord> records_;

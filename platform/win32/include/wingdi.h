@@ -22,12 +22,8 @@ WIN32_EXPORT int WINAPI SetBkMode(HDC dc, int mode);
 WIN32_EXPORT int WINAPI GetBkMode(HDC dc);
 WIN32_EXPORT UINT WINAPI SetTextAlign(HDC dc, UINT align);
 WIN32_EXPORT UINT WINAPI GetTextAlign(HDC dc);
-WIN32_EXPORT int WINAPI SetROP2(HDC dc, int mix);
-WIN32_EXPORT int WINAPI GetROP2(HDC dc);
 WIN32_EXPORT int WINAPI SetStretchBltMode(HDC dc, int mode);
 WIN32_EXPORT int WINAPI GetStretchBltMode(HDC dc);
-WIN32_EXPORT int WINAPI GetMapMode(HDC dc);
-WIN32_EXPORT int WINAPI GetPolyFillMode(HDC dc);
 WIN32_EXPORT BOOL WINAPI SetViewportOrgEx(HDC dc, int x, int y, LPPOINT former);
 WIN32_EXPORT BOOL WINAPI GetViewportOrgEx(HDC dc, LPPOINT origin);
 WIN32_EXPORT BOOL WINAPI OffsetViewportOrgEx(HDC dc, int x, int y, LPPOINT former);
@@ -105,7 +101,6 @@ WIN32_EXPORT BOOL WINAPI GetTextExtentPoint32A(HDC dc, LPCSTR text, int count, L
 WIN32_EXPORT BOOL WINAPI GetTextExtentExPointA(HDC dc, LPCSTR text, int count, int max_extent,
                                                LPINT fit, LPINT partial, LPSIZE size);
 WIN32_EXPORT BOOL WINAPI GetTextMetricsA(HDC dc, LPTEXTMETRICA metrics);
-WIN32_EXPORT int WINAPI GetTextFaceA(HDC dc, int size, LPSTR face);
 
 #define GetObject GetObjectA
 #define CreateFont CreateFontA
@@ -115,4 +110,3 @@ WIN32_EXPORT int WINAPI GetTextFaceA(HDC dc, int size, LPSTR face);
 #define GetTextExtentPoint32 GetTextExtentPoint32A
 #define GetTextExtentExPoint GetTextExtentExPointA
 #define GetTextMetrics GetTextMetricsA
-#define GetTextFace GetTextFaceA

@@ -21,6 +21,7 @@
 #define OBJ_BRUSH 2
 #define OBJ_FONT 6
 #define OBJ_BITMAP 7
+#define OBJ_REGION 8
 
 // Stock objects
 #define WHITE_BRUSH 0
@@ -49,10 +50,7 @@
 #define PS_SOLID 0
 #define PS_DASH 1
 #define PS_DOT 2
-#define PS_DASHDOT 3
-#define PS_DASHDOTDOT 4
 #define PS_NULL 5
-#define PS_INSIDEFRAME 6
 
 // Background, text alignment, mixing, stretching
 #define TRANSPARENT 1
@@ -65,16 +63,10 @@
 #define TA_TOP 0
 #define TA_BOTTOM 8
 #define TA_BASELINE 24
-#define R2_NOT 6
-#define R2_XORPEN 7
-#define R2_COPYPEN 13
 #define BLACKONWHITE 1
 #define WHITEONBLACK 2
 #define COLORONCOLOR 3
 #define HALFTONE 4
-#define MM_TEXT 1
-#define ALTERNATE 1
-#define WINDING 2
 #define ETO_OPAQUE 0x0002
 #define ETO_CLIPPED 0x0004
 
