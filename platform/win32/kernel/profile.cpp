@@ -60,8 +60,8 @@ DWORD CopyText(std::string_view text, LPSTR buffer, DWORD size) {
     return static_cast<DWORD>(length);
 }
 
-/// Names with a zero byte behind each and another one at the end. A list that has to be cut ends
-/// with two zero bytes as well.
+/// Names with a zero byte behind each and another one at the end. A list that is empty or has to be
+/// cut ends with two zero bytes as well.
 DWORD CopyNames(const std::vector<std::string>& names, LPSTR buffer, DWORD size) {
     if (size < 2) return CopyText({}, buffer, size);
     std::string list;
@@ -69,7 +69,7 @@ DWORD CopyNames(const std::vector<std::string>& names, LPSTR buffer, DWORD size)
     const std::size_t length = list.size() < size ? list.size() : size - 2;
     std::memcpy(buffer, list.data(), length);
     buffer[length] = '\0';
-    if (length + 1 < size) buffer[length + 1] = '\0';
+    if (length == 0 || length < list.size()) buffer[length + 1] = '\0';
     return static_cast<DWORD>(length);
 }
 
