@@ -1,0 +1,53 @@
+#include "examples/gallery/gallery_frame.h"
+
+#include <algorithm>
+
+#include "examples/gallery/ids.h"
+
+namespace gallery {
+
+namespace {
+
+constexpr int kMargin = 12;
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(GalleryFrame, CWnd)
+    ON_WM_CREATE()
+    ON_WM_SIZE()
+    ON_WM_DESTROY()
+END_MESSAGE_MAP()
+
+BOOL GalleryFrame::CreateFrame() {
+    const LPCSTR window_class =
+        AfxRegisterWndClass(0, LoadCursorA(nullptr, IDC_ARROW),
+                            reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_3DFACE + 1)));
+    RECT work{};
+    SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
+    const int width = std::min<int>(work.right - work.left, 1264);
+    const int height = std::min<int>(work.bottom - work.top, 784);
+    return CreateEx(0, window_class, "控件一览", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, work.left + 8,
+                    work.top + 8, width, height, nullptr, nullptr);
+}
+
+int GalleryFrame::OnCreate(LPCREATESTRUCT create) {
+    if (CWnd::OnCreate(create) == -1 || !page_.CreatePage(this)) return -1;
+    return list_.CreateList(this, kRows, CRect(0, 0, 0, 0)) ? 0 : -1;
+}
+
+void GalleryFrame::OnSize(UINT kind, int width, int height) {
+    CWnd::OnSize(kind, width, height);
+    if (list_.GetSafeHwnd() == nullptr) return;
+    CRect page;
+    page_.GetWindowRect(&page);
+    page_.MoveWindow(kMargin, kMargin, page.Width(), page.Height());
+    const int top = page.Height() + 2 * kMargin;
+    list_.MoveWindow(kMargin, top, std::max(width - 2 * kMargin, 0), std::max(height - top - kMargin, 0));
+}
+
+void GalleryFrame::OnDestroy() {
+    CWnd::OnDestroy();
+    PostQuitMessage(0);
+}
+
+}  // namespace gallery

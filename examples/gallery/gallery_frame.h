@@ -1,0 +1,26 @@
+#pragma once
+
+#include "examples/gallery/controls_page.h"
+#include "examples/gallery/row_list.h"
+
+namespace gallery {
+
+/// The gallery's window: the standard controls above, a list of 10,000 rows below.
+class GalleryFrame : public CWnd {
+public:
+    BOOL CreateFrame();
+    ControlsPage& page() { return page_; }
+    RowList& list() { return list_; }
+
+protected:
+    int OnCreate(LPCREATESTRUCT create);
+    void OnSize(UINT kind, int width, int height);
+    void OnDestroy();
+    DECLARE_MESSAGE_MAP()
+
+private:
+    ControlsPage page_;
+    RowList list_;
+};
+
+}  // namespace gallery

@@ -1,0 +1,90 @@
+#include "examples/gallery/shots.h"
+
+#include "examples/gallery/gallery_frame.h"
+#include "examples/gallery/ids.h"
+#include "platform/testing/input.h"
+#ifndef _WIN32
+#include <winbase_hooks.h>
+#endif
+
+namespace gallery {
+
+namespace {
+
+#ifdef _WIN32
+bool Save(const std::string&) { return false; }
+#else
+bool Save(const std::string& path) { return winbase::hooks::SaveWindowPng(nullptr, path.c_str()); }
+#endif
+
+struct ModalShot {
+    std::string path;
+    bool saved = false;
+};
+
+// The picture is taken while the box waits; Escape then ends it.
+void ShootModal(void* context) {
+    auto& shot = *static_cast<ModalShot*>(context);
+    shot.saved = Save(shot.path);
+    keybd_event(VK_ESCAPE, 0, 0, 0);
+    keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
+}
+
+class Photographer {
+public:
+    Photographer(GalleryFrame& frame, std::string folder) : frame_(frame), folder_(std::move(folder)) {}
+
+    void Shoot(const char* name) {
+        platform::testing::Pump();
+        good_ = Save(folder_ + "/" + name + ".png") && good_;
+    }
+
+    void ShootBoxOf(int button, const char* name) {
+        ModalShot shot{folder_ + "/" + name + ".png"};
+        platform::testing::WhenIdle(ShootModal, &shot);
+        platform::testing::Click(Control(button));
+        good_ = shot.saved && good_;
+    }
+
+    HWND Control(int id) const { return ::GetDlgItem(frame_.page().GetSafeHwnd(), id); }
+    bool good() const { return good_; }
+
+private:
+    GalleryFrame& frame_;
+    std::string folder_;
+    bool good_ = true;
+};
+
+}  // namespace
+
+bool TakeShots(GalleryFrame& frame, const std::string& folder) {
+    using platform::testing::Click;
+    using platform::testing::Key;
+    Photographer photographer(frame, folder);
+    photographer.Shoot("start");
+    Click(photographer.Control(kPlainText));
+    Key('A', platform::testing::Modifier::kControl);
+    photographer.Shoot("edit");
+    Click(photographer.Control(kPickList));
+    photographer.Shoot("list_open");
+    Key(VK_ESCAPE);
+    RECT date{};
+    GetClientRect(photographer.Control(kDate), &date);
+    Click(photographer.Control(kDate), date.right - 8, date.bottom / 2);
+    photographer.Shoot("calendar_open");
+    Key(VK_ESCAPE);
+    Click(photographer.Control(kOpenPopup));
+    photographer.Shoot("popup");
+    Click(photographer.Control(kOpenPopup));
+    photographer.ShootBoxOf(kOpenAsk, "dialog");
+    photographer.ShootBoxOf(kOpenBox, "box");
+    photographer.ShootBoxOf(kOpenQuestion, "question");
+    photographer.ShootBoxOf(kOpenSave, "save_file");
+    frame.list().SetFocus();
+    Key(VK_NEXT);
+    Key(VK_DOWN);
+    photographer.Shoot("list_scrolled");
+    return photographer.good();
+}
+
+}  // namespace gallery
