@@ -78,6 +78,8 @@ WIN32_EXPORT BOOL WINAPI CloseHandle(HANDLE object);
 // Modules. The system's own libraries are found by name and are the layer itself.
 WIN32_EXPORT DWORD WINAPI GetModuleFileNameA(HMODULE module, LPSTR buffer, DWORD size);
 WIN32_EXPORT HMODULE WINAPI GetModuleHandleA(LPCSTR name);
+/// Flags: FROM_ADDRESS with UNCHANGED_REFCOUNT only; `inside` is any address in the module.
+WIN32_EXPORT BOOL WINAPI GetModuleHandleExA(DWORD flags, LPCSTR inside, HMODULE* module);
 WIN32_EXPORT HMODULE WINAPI LoadLibraryA(LPCSTR name);
 WIN32_EXPORT BOOL WINAPI FreeLibrary(HMODULE module);
 WIN32_EXPORT FARPROC WINAPI GetProcAddress(HMODULE module, LPCSTR name);

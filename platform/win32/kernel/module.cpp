@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cassert>
 #include <cstring>
 #include <filesystem>
 #include <mutex>
@@ -31,6 +32,11 @@ struct Module : KernelObject {
 };
 using ModulePointer = std::shared_ptr<Module>;
 
+ElfW(Addr) BaseOf(const Module& module) {
+    struct link_map* map = nullptr;
+    return dlinfo(module.library, RTLD_DI_LINKMAP, &map) == 0 ? map->l_addr : 0;
+}
+
 constexpr std::array<std::string_view, 8> kSystemModules = {
     "kernel32.dll", "user32.dll",   "gdi32.dll", "msimg32.dll",
     "comctl32.dll", "comdlg32.dll", "ole32.dll", "riched20.dll"};
@@ -54,6 +60,23 @@ public:
             if (!module->name.empty() && EqualNoCase(module->name, name)) return module->handle;
         }
         return nullptr;
+    }
+
+    /// The module that was loaded at this place; a library that came with the program, or is on its
+    /// way in, gets a handle now.
+    HMODULE FindByMap(const link_map* map) {
+        for (const ModulePointer& module : modules_) {
+            if (BaseOf(*module) == map->l_addr) return module->handle;
+        }
+        void* library = dlopen(map->l_name, RTLD_LAZY | RTLD_NOLOAD);
+        if (!library) return nullptr;
+        const std::string host = std::filesystem::absolute(map->l_name);
+        const ModulePointer module = Add(library, host);
+        dlclose(library);  // asking keeps nothing loaded
+        if (!module) return nullptr;
+        const std::string full = WindowsPath(host);
+        module->name = full.substr(full.rfind('\\') + 1);
+        return module->handle;
     }
 
     HMODULE AddLoaded(void* library, const std::string& host) {
@@ -138,11 +161,6 @@ HMODULE FailModule(DWORD error) {
     return nullptr;
 }
 
-ElfW(Addr) BaseOf(const Module& module) {
-    struct link_map* map = nullptr;
-    return dlinfo(module.library, RTLD_DI_LINKMAP, &map) == 0 ? map->l_addr : 0;
-}
-
 }  // namespace
 }  // namespace winbase
 
@@ -151,6 +169,24 @@ HMODULE GetModuleHandleA(LPCSTR name) {
     if (!name) return TheModules().program();
     const HMODULE found = TheModules().FindByName(WithExtension(name));
     return found ? found : FailModule(ERROR_MOD_NOT_FOUND);
+}
+
+BOOL GetModuleHandleExA(DWORD flags, LPCSTR inside, HMODULE* module) {
+    assert(flags == (GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                     GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) &&
+           "a module is asked for by address only, and not kept");
+    if (!module) {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return FALSE;
+    }
+    const std::lock_guard lock(ModulesMutex());
+    Dl_info info = {};
+    link_map* owner = nullptr;
+    const bool known =
+        dladdr1(inside, &info, reinterpret_cast<void**>(&owner), RTLD_DL_LINKMAP) != 0;
+    *module = known ? TheModules().FindByMap(owner) : nullptr;
+    if (!*module) SetLastError(ERROR_MOD_NOT_FOUND);
+    return *module != nullptr;
 }
 
 HMODULE LoadLibraryA(LPCSTR name) {

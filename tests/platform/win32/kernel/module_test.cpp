@@ -21,6 +21,19 @@ TEST(Modules, ProgramHasAFullName) {
     EXPECT_NE(GetFileAttributesA(name.c_str()), DWORD{INVALID_FILE_ATTRIBUTES}) << name;
 }
 
+TEST(Modules, AnAddressTellsItsModule) {
+    constexpr DWORD kByAddress =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    static const char here = 0;
+    HMODULE module = nullptr;
+    EXPECT_TRUE(GetModuleHandleExA(kByAddress, &here, &module));
+    EXPECT_EQ(module, GetModuleHandleA(nullptr));
+    SetLastError(0);
+    EXPECT_FALSE(GetModuleHandleExA(kByAddress, nullptr, &module));
+    EXPECT_EQ(GetLastError(), DWORD{ERROR_MOD_NOT_FOUND});
+    EXPECT_EQ(module, nullptr);
+}
+
 TEST(Modules, NameIsCutToTheBuffer) {
     char buffer[5] = "zzzz";
     SetLastError(0);
