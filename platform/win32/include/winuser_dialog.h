@@ -25,14 +25,14 @@ WIN32_EXPORT HWND WINAPI GetNextDlgTabItem(HWND dialog, HWND control, BOOL previ
 WIN32_EXPORT HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous);
 WIN32_EXPORT int WINAPI MessageBoxA(HWND owner, LPCSTR text, LPCSTR title, UINT flags);
 
-#define DS_ABSALIGN 0x01L
-#define DS_SETFONT 0x40L
-#define DS_MODALFRAME 0x80L
-#define DS_NOIDLEMSG 0x100L
-#define DS_3DLOOK 0x0004L
-#define DS_FIXEDSYS 0x0008L
-#define DS_CONTROL 0x0400L
-#define DS_CENTER 0x0800L
+#define DS_ABSALIGN 0x01
+#define DS_SETFONT 0x40
+#define DS_MODALFRAME 0x80
+#define DS_NOIDLEMSG 0x100
+#define DS_3DLOOK 0x0004
+#define DS_FIXEDSYS 0x0008
+#define DS_CONTROL 0x0400
+#define DS_CENTER 0x0800
 #define DS_SHELLFONT (DS_SETFONT | DS_FIXEDSYS)
 
 #define IDOK 1
