@@ -24,7 +24,7 @@ my %allowed = (
     'platform/toolkit' => [qw(platform/types.h platform/system.h)],
     'platform/testing' =>
         [qw(platform/types.h platform/system.h platform/start.h platform/text platform/win32/include)],
-    'plugin/contract' => [qw(platform/types.h platform/text)],
+    'plugin/contract' => [qw(platform/types.h platform/heap.h platform/text)],
     'controls'        => [@windows, 'plugin/contract'],
     (map { $_ => [@windows, qw(controls plugin/contract)] } @pages),
     'plugin'    => [@windows, @front],
@@ -38,8 +38,8 @@ my $rules = qr{^(?:@{[join '|', @pages]})/\w+_rules\.h$};
 
 # Headers of others, each with the folders that may include it.
 my @external = (
-    [qr{^(?:windows|windef|win(?:base|nls|gdi|user)\w*|windowsx|commctrl|commdlg|richedit|objbase)\.h$},
-        qr{^platform/(?:win32|testing)/|^platform/(?:types|system)\.h$}],
+    [qr{^(?:windows|windef|win(?:base|nls|gdi|user|error)\w*|windowsx|commctrl|commdlg|richedit|objbase)\.h$},
+        XX],
     [qr{^(?:ft2build\.h|freetype/|fontconfig/|png\.h)}, qr{^platform/win32/}],
     [qr{^SDL},                                         qr{^platform/present/}],
     [qr{^sqlite3},                                     qr{^papercore/}],
