@@ -39,7 +39,7 @@ my $rules = qr{^(?:@{[join '|', @pages]})/\w+_rules\.h$};
 # Headers of others, each with the folders that may include it.
 my @external = (
     [qr{^(?:windows|windef|win(?:base|nls|gdi|user|error)\w*|windowsx|commctrl|commdlg|richedit|objbase)\.h$},
-        XX],
+        qr{^platform/(?:win32|testing)/|^platform/(?:types|heap|system)\.h$}],
     [qr{^(?:ft2build\.h|freetype/|fontconfig/|png\.h)}, qr{^platform/win32/}],
     [qr{^SDL},                                         qr{^platform/present/}],
     [qr{^sqlite3},                                     qr{^papercore/}],
