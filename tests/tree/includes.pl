@@ -38,7 +38,7 @@ my $rules = qr{^(?:@{[join '|', @pages]})/\w+_rules\.h$};
 
 # Headers of others, each with the folders that may include it.
 my @external = (
-    [qr{^(?:windows|windef|win(?:base|nls|gdi|user|error)\w*|windowsx|commctrl|commdlg|richedit|objbase)\.h$},
+    [qr{^(?:windows|windef|win(?:base|nls|gdi|user|error)\w*|windowsx|commctrl\w*|commdlg|richedit|objbase)\.h$},
         qr{^platform/(?:win32|testing)/|^platform/(?:types|heap|system)\.h$}],
     [qr{^(?:ft2build\.h|freetype/|fontconfig/|png\.h)}, qr{^platform/win32/}],
     [qr{^SDL},                                         qr{^platform/present/}],
