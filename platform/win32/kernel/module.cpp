@@ -9,6 +9,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/win32/kernel/kernel_object.h"
@@ -27,8 +28,9 @@ struct Module : KernelObject {
     std::string name;  ///< file name alone, GBK
     std::string host;  ///< full name in the file system
     void* library = nullptr;
-    int uses = 0;  ///< LoadLibrary calls without FreeLibrary; the permanent ones are not counted
-    bool permanent = false;
+    int uses = 0;           ///< LoadLibrary calls without FreeLibrary
+    bool built_in = false;  ///< the program and the layer, which are not counted
+    bool pinned = false;    ///< stays when its uses have ended
 };
 using ModulePointer = std::shared_ptr<Module>;
 
@@ -44,12 +46,12 @@ constexpr std::array<std::string_view, 8> kSystemModules = {
 class Modules {
 public:
     Modules() {
-        AddPermanent("", RunningProgram(), dlopen(nullptr, RTLD_LAZY));
+        AddBuiltIn("", RunningProgram(), dlopen(nullptr, RTLD_LAZY));
         Dl_info self = {};
         dladdr(reinterpret_cast<const void*>(&::LoadLibraryA), &self);
         const std::string layer = std::filesystem::absolute(self.dli_fname);
         for (const std::string_view name : kSystemModules) {
-            AddPermanent(name, layer, dlopen(self.dli_fname, RTLD_LAZY));
+            AddBuiltIn(name, layer, dlopen(self.dli_fname, RTLD_LAZY));
         }
     }
 
@@ -62,49 +64,65 @@ public:
         return nullptr;
     }
 
-    /// The module that was loaded at this place; a library that came with the program, or is on its
-    /// way in, gets a handle now.
+    /// The module that was loaded at this place. A library that came by another way than
+    /// LoadLibrary stays from now on, as nothing would tell when it goes.
     HMODULE FindByMap(const link_map* map) {
         for (const ModulePointer& module : modules_) {
             if (BaseOf(*module) == map->l_addr) return module->handle;
         }
         void* library = dlopen(map->l_name, RTLD_LAZY | RTLD_NOLOAD);
         if (!library) return nullptr;
-        const std::string host = std::filesystem::absolute(map->l_name);
-        const ModulePointer module = Add(library, host);
-        dlclose(library);  // asking keeps nothing loaded
-        if (!module) return nullptr;
-        const std::string full = WindowsPath(host);
-        module->name = full.substr(full.rfind('\\') + 1);
-        return module->handle;
+        const bool on_its_way_in = loading_ == map->l_name;
+        const ModulePointer module = AddLibrary(library, std::filesystem::absolute(map->l_name));
+        if (module) module->pinned = !on_its_way_in;
+        if (!module || on_its_way_in) dlclose(library);
+        return module ? module->handle : nullptr;
     }
 
-    HMODULE AddLoaded(void* library, const std::string& host) {
-        for (const ModulePointer& module : modules_) {
-            if (module->library != library || module->permanent) continue;
-            ++module->uses;
-            return module->handle;
+    HMODULE Load(const std::string& host) {
+        // The library's initialisers may load others and ask for modules by address.
+        const std::string outer = std::exchange(loading_, host);
+        void* library = dlopen(host.c_str(), RTLD_NOW | RTLD_LOCAL);
+        loading_ = outer;
+        if (!library) {
+            SetLastError(ERROR_BAD_EXE_FORMAT);
+            return nullptr;
         }
-        const ModulePointer module = Add(library, host);
-        if (!module) return nullptr;
-        // Windows names, as the program asks for them.
-        const std::string full = WindowsPath(host);
-        module->name = full.substr(full.rfind('\\') + 1);
-        module->uses = 1;
+        const auto found = std::find_if(
+            modules_.begin(), modules_.end(),
+            [library](const ModulePointer& m) { return m->library == library && !m->built_in; });
+        const ModulePointer module = found != modules_.end() ? *found : AddLibrary(library, host);
+        if (!module) {
+            dlclose(library);
+            return nullptr;
+        }
+        ++module->uses;
         return module->handle;
     }
 
     void Release(const ModulePointer& module) {
-        if (module->permanent || --module->uses > 0) return;
-        RemoveObject(module->handle);
-        std::erase(modules_, module);
+        if (module->uses == 0) return;
+        --module->uses;
+        if (module->uses == 0 && !module->pinned) {
+            RemoveObject(module->handle);
+            std::erase(modules_, module);
+        }
+        dlclose(module->library);
     }
 
 private:
-    void AddPermanent(std::string_view name, const std::string& host, void* library) {
+    void AddBuiltIn(std::string_view name, const std::string& host, void* library) {
         const ModulePointer module = Add(library, host);
         module->name = name;
-        module->permanent = true;
+        module->built_in = true;
+    }
+
+    ModulePointer AddLibrary(void* library, const std::string& host) {
+        ModulePointer module = Add(library, host);
+        if (!module) return nullptr;
+        const std::string full = WindowsPath(host);
+        module->name = full.substr(full.rfind('\\') + 1);
+        return module;
     }
 
     ModulePointer Add(void* library, const std::string& host) {
@@ -118,8 +136,10 @@ private:
     }
 
     std::vector<ModulePointer> modules_;
+    std::string loading_;  ///< the innermost library that is being loaded
 };
 
+/// Recursive for the initialisers of a library, which run while it is loaded.
 std::recursive_mutex& ModulesMutex() {
     static std::recursive_mutex mutex;
     return mutex;
@@ -171,7 +191,7 @@ HMODULE GetModuleHandleA(LPCSTR name) {
     return found ? found : FailModule(ERROR_MOD_NOT_FOUND);
 }
 
-BOOL GetModuleHandleExA(DWORD flags, LPCSTR inside, HMODULE* module) {
+BOOL GetModuleHandleExA([[maybe_unused]] DWORD flags, LPCSTR inside, HMODULE* module) {
     assert(flags == (GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
                      GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT) &&
            "a module is asked for by address only, and not kept");
@@ -191,19 +211,13 @@ BOOL GetModuleHandleExA(DWORD flags, LPCSTR inside, HMODULE* module) {
 
 HMODULE LoadLibraryA(LPCSTR name) {
     if (!name || *name == '\0') return FailModule(ERROR_INVALID_PARAMETER);
-    // The library's initialisers may call this again.
     const std::lock_guard lock(ModulesMutex());
     const std::string full = WithExtension(name);
     for (const std::string_view system : kSystemModules) {
         if (EqualNoCase(full, system)) return TheModules().FindByName(system);
     }
     const std::string host = FindLibrary(full);
-    if (host.empty()) return FailModule(ERROR_MOD_NOT_FOUND);
-    void* library = dlopen(host.c_str(), RTLD_NOW | RTLD_LOCAL);
-    if (!library) return FailModule(ERROR_BAD_EXE_FORMAT);
-    const HMODULE module = TheModules().AddLoaded(library, host);
-    if (!module) dlclose(library);
-    return module;
+    return host.empty() ? FailModule(ERROR_MOD_NOT_FOUND) : TheModules().Load(host);
 }
 
 BOOL FreeLibrary(HMODULE module) {
@@ -211,8 +225,6 @@ BOOL FreeLibrary(HMODULE module) {
     const auto found = FindObject<Module>(module);
     if (!found) return FALSE;
     TheModules().Release(found);
-    // Loading was counted by the system's loader as well.
-    if (!found->permanent) dlclose(found->library);
     return TRUE;
 }
 

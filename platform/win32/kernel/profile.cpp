@@ -55,7 +55,7 @@ DWORD CopyText(std::string_view text, LPSTR buffer, DWORD size) {
     // Up to a stray zero byte: behind it nobody could see anything.
     text = text.substr(0, text.find('\0'));
     const std::size_t length = std::min<std::size_t>(text.size(), size - 1);
-    std::memcpy(buffer, text.data(), length);
+    text.copy(buffer, length);
     buffer[length] = '\0';
     return static_cast<DWORD>(length);
 }
@@ -65,7 +65,7 @@ DWORD CopyText(std::string_view text, LPSTR buffer, DWORD size) {
 DWORD CopyNames(const std::vector<std::string>& names, LPSTR buffer, DWORD size) {
     if (size < 2) return CopyText({}, buffer, size);
     std::string list;
-    for (const std::string& name : names) list.append(name.c_str()).push_back('\0');
+    for (const std::string& name : names) list.append(name).push_back('\0');
     const std::size_t length = list.size() < size ? list.size() : size - 2;
     std::memcpy(buffer, list.data(), length);
     buffer[length] = '\0';

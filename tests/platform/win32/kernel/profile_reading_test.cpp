@@ -21,7 +21,7 @@ Answer Ask(const char* section, const char* key, const char* fallback = "DEF", D
     const DWORD length =
         GetPrivateProfileStringA(section, key, fallback, buffer.data(), size, file);
     EXPECT_EQ(buffer.back(), 'z') << "wrote behind the buffer";
-    return {buffer.c_str(), length};
+    return {buffer.substr(0, buffer.find('\0')), length};
 }
 
 /// All bytes that a listing filled, zero bytes as '|'.
@@ -167,6 +167,7 @@ TEST(ProfileReading, ListsSectionsAndKeys) {
     EXPECT_EQ(List("missing"), "DEF| 3");
     EXPECT_EQ(List(nullptr, 8), "one|tw|| 6");
     EXPECT_EQ(List("one", 6), "a|b||| 4");
+    EXPECT_EQ(List("one", 1), "| 0");
 }
 
 TEST(ProfileReading, Numbers) {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -142,6 +143,21 @@ TEST(HostModules, RealLibrariesAreCounted) {
     EXPECT_FALSE(FreeLibrary(library));
     EXPECT_EQ(GetLastError(), DWORD{ERROR_INVALID_HANDLE});
     EXPECT_FALSE(CloseHandle(GetModuleHandleA(nullptr)));
+}
+
+TEST(HostModules, LibraryOfTheProgramHasOneHandle) {
+    constexpr DWORD kByAddress =
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+    const auto inside = reinterpret_cast<LPCSTR>(&std::fopen);
+    HMODULE module = nullptr;
+    ASSERT_TRUE(GetModuleHandleExA(kByAddress, inside, &module));
+    char name[MAX_PATH];
+    ASSERT_GT(GetModuleFileNameA(module, name, sizeof name), 0u);
+    EXPECT_EQ(LoadLibraryA(name), module);
+    EXPECT_TRUE(FreeLibrary(module));
+    HMODULE again = nullptr;
+    EXPECT_TRUE(GetModuleHandleExA(kByAddress, inside, &again));
+    EXPECT_EQ(again, module);
 }
 
 }  // namespace
