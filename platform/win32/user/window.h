@@ -3,12 +3,17 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "platform/win32/gdi/region.h"
+
+namespace present {
+class Screen;
+}
 
 namespace winbase {
 
@@ -140,6 +145,11 @@ void EraseNow(Window* window);
 /// Marks a rectangle of the window's frame and client area (window coordinates).
 void InvalidateWindow(Window* window, const Region& region, UINT redraw_flags);
 
+// ---- the way to a person (start.cpp) ----
+
+/// Where the desktop is shown; null when the layer is headless.
+present::Screen* CurrentScreen();
+
 // ---- frame (nonclient.cpp, scroll_bar.cpp) ----
 
 /// From the window rectangle to the client rectangle, both in the same coordinates.
@@ -158,6 +168,9 @@ LRESULT CallProcedure(Window* window, UINT message, WPARAM wParam, LPARAM lParam
 void ForgetWindow(HWND handle);
 /// Makes the next loop send mouse messages for the pointer's place again (windows moved beneath it).
 void RefreshPointer();
+/// Runs `call` on the user interface thread the way a sent message arrives there, and waits for it.
+/// From any other thread.
+void CallOnUiThread(const std::function<void()>& call);
 /// Wakes a waiting loop, from any thread.
 void WakeQueue();
 
