@@ -6,8 +6,8 @@ namespace winbase {
 
 namespace {
 
-/// What a dialog answers that the end of the program ended.
-constexpr INT_PTR kQuitResult = IDOK;
+/// What a dialog answers when the program is to end: nobody has confirmed anything.
+constexpr INT_PTR kQuitResult = -1;
 
 void EnableOwner(HWND dialog) {
     DialogState* const state = FindDialog(dialog);

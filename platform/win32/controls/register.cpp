@@ -4,12 +4,15 @@
 #include <windows.h>
 
 #include "platform/win32/controls/button.h"
+#include "platform/win32/controls/calendar.h"
+#include "platform/win32/controls/calendar.h"
 #include "platform/win32/controls/combo_box.h"
 #include "platform/win32/controls/date_picker.h"
 #include "platform/win32/controls/edit_control.h"
 #include "platform/win32/controls/list_box.h"
 #include "platform/win32/controls/static_control.h"
 #include "platform/win32/controls/tab_control.h"
+#include "platform/win32/controls/tree_view.h"
 #include "platform/win32/controls/up_down.h"
 
 namespace winbase {
@@ -58,6 +61,9 @@ void RegisterStandardControls() {
         {"SysTabControl32", TabControl::Procedure, CS_DBLCLKS | kResize, kPointer, IDC_ARROW},
         {DATETIMEPICK_CLASS, DatePickerControl::Procedure, CS_DBLCLKS | kResize, kPointer,
          IDC_ARROW},
+        {kCalendarClass, Calendar::Procedure, CS_DBLCLKS | CS_SAVEBITS | CS_DROPSHADOW, kPointer,
+         IDC_ARROW},
+        {WC_TREEVIEW, TreeViewControl::Procedure, CS_DBLCLKS, kPointer, IDC_ARROW},
     };
     for (const StandardClass& standard : classes) Register(standard);
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-// The dialog that asks for a file to write.
+// The save-file dialog.
 
-#include "winuser_types.h"
+#include "windef.h"
 
 using LPOFNHOOKPROC = UINT_PTR(CALLBACK*)(HWND, UINT, WPARAM, LPARAM);
 
@@ -27,18 +27,28 @@ struct OPENFILENAMEA {
     LPARAM lCustData;
     LPOFNHOOKPROC lpfnHook;
     LPCSTR lpTemplateName;
-    PVOID pvReserved;
+    void* pvReserved;
     DWORD dwReserved;
     DWORD FlagsEx;
 };
 using OPENFILENAME = OPENFILENAMEA;
 using LPOPENFILENAMEA = OPENFILENAMEA*;
 
+#define OFN_READONLY 0x00000001
 #define OFN_OVERWRITEPROMPT 0x00000002
 #define OFN_HIDEREADONLY 0x00000004
 #define OFN_NOCHANGEDIR 0x00000008
+#define OFN_EXTENSIONDIFFERENT 0x00000400
+#define OFN_PATHMUSTEXIST 0x00000800
+#define OFN_EXPLORER 0x00080000
+#define OFN_ENABLESIZING 0x00800000
 
-/// Flags: the above. False when the user gave up, or the name did not fit `nMaxFile`.
-WIN32_EXPORT BOOL WINAPI GetSaveFileNameA(LPOPENFILENAMEA file);
+#define CDERR_STRUCTSIZE 0x0001
+#define FNERR_INVALIDFILENAME 0x3002
+#define FNERR_BUFFERTOOSMALL 0x3003
+
+WIN32_EXPORT BOOL WINAPI GetSaveFileNameA(LPOPENFILENAMEA parameters);
+/// Why the last file dialog of this thread answered FALSE: 0 when the person cancelled it.
+WIN32_EXPORT DWORD WINAPI CommDlgExtendedError();
 
 #define GetSaveFileName GetSaveFileNameA
