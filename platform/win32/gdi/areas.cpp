@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/gdi/painter.h"
 
@@ -10,20 +11,18 @@ RECT Inner(const RECT& rect) {
     return {rect.left + 1, rect.top + 1, rect.right - 1, rect.bottom - 1};
 }
 
-/// `width` pixels from `x`, to the left when negative: a turned rectangle holds the corner that it
-/// starts from and not the far one.
-void Straighten(int* from, int* to, int x, int width) {
-    x = Near(x);
-    width = Near(width);
-    *from = width < 0 ? x + width + 1 : x;
-    *to = width < 0 ? x + 1 : x + width;
+/// A turned stretch holds the end that it starts from and not the far one.
+void Straighten(LONG* from, LONG* to) {
+    if (*to >= *from) return;
+    std::swap(*from, *to);
+    ++*from;
+    ++*to;
 }
 
-RECT BlockRect(const Dc& dc, int x, int y, int width, int height) {
-    RECT rect;
-    Straighten(&rect.left, &rect.right, x, width);
-    Straighten(&rect.top, &rect.bottom, y, height);
-    return dc.ToSurface(rect);
+RECT Straightened(RECT rect) {
+    Straighten(&rect.left, &rect.right);
+    Straighten(&rect.top, &rect.bottom);
+    return rect;
 }
 
 void FillFrame(Dc& dc, const RECT& rect, Pixel pixel) {
@@ -57,10 +56,9 @@ struct Gradient {
 void FillGradient(Dc& dc, Gradient gradient) {
     LONG TRIVERTEX::*along = gradient.vertical ? &TRIVERTEX::y : &TRIVERTEX::x;
     if (gradient.first.*along > gradient.last.*along) std::swap(gradient.first, gradient.last);
-    const RECT rect = dc.ToSurface(
-        Near(RECT{std::min(gradient.first.x, gradient.last.x), std::min(gradient.first.y, gradient.last.y),
-                  std::max(gradient.first.x, gradient.last.x),
-                  std::max(gradient.first.y, gradient.last.y)}));
+    const RECT rect = dc.ToSurface(Near(RECT{
+        std::min(gradient.first.x, gradient.last.x), std::min(gradient.first.y, gradient.last.y),
+        std::max(gradient.first.x, gradient.last.x), std::max(gradient.first.y, gradient.last.y)}));
     const RECT seen = Intersection(rect, dc.reach.Bounds());
     if (IsEmpty(seen)) return;
     const int start = gradient.vertical ? rect.top : rect.left;
@@ -81,9 +79,7 @@ int WINAPI FillRect(HDC handle, const RECT* rect, HBRUSH brush_handle) {
     const Brush* brush = FindBrush(brush_handle);
     if (!dc || !rect || !brush) return 0;
     if (brush->hollow || rect->left == rect->right || rect->top == rect->bottom) return 1;
-    const RECT area = Near(*rect);
-    FillReached(*dc, BlockRect(*dc, area.left, area.top, area.right - area.left, area.bottom - area.top),
-                PixelFor(*dc, brush->color));
+    FillReached(*dc, dc->ToSurface(Straightened(Near(*rect))), PixelFor(*dc, brush->color));
     return 1;
 }
 
@@ -123,7 +119,9 @@ BOOL WINAPI DrawFocusRect(HDC handle, const RECT* rect) {
 BOOL WINAPI PatBlt(HDC handle, int x, int y, int width, int height, DWORD operation) {
     Dc* dc = FindDcToDraw(handle);
     if (!dc) return FALSE;
-    const RECT rect = BlockRect(*dc, x, y, width, height);
+    x = Near(x);
+    y = Near(y);
+    const RECT rect = dc->ToSurface(Straightened({x, y, x + Near(width), y + Near(height)}));
     const Brush& brush = *dc->state.brush;
     const Pixel pixel = PixelFor(*dc, brush.color);
     switch (operation) {

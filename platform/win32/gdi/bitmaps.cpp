@@ -47,8 +47,8 @@ HBITMAP WINAPI CreateCompatibleBitmap(HDC handle, int width, int height) {
     return MakeBitmap(width, height, scale, model ? model->depth : Bitmap::Depth::kColor, nullptr);
 }
 
-HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits, HANDLE section,
-                                DWORD) {
+HBITMAP WINAPI CreateDIBSection(HDC, const BITMAPINFO* info, UINT usage, void** bits,
+                                HANDLE section, DWORD) {
     if (bits) *bits = nullptr;
     if (!info || usage != DIB_RGB_COLORS || section || !IsSupported(info->bmiHeader)) {
         SetLastError(ERROR_INVALID_PARAMETER);

@@ -84,7 +84,8 @@ void CopySameSize(CopyRequest request, CopyRule rule) {
     const bool itself = dc.surface == &request.source;
     const bool simple = !itself || (dc.reach.Rects().size() == 1 && rule == CopyRule::kCopy);
     const PixelBlock whole = BlockOf(request.source, request.from);
-    const std::vector<Pixel> copy = simple ? std::vector<Pixel>() : Snapshot(request.source, request.from);
+    const std::vector<Pixel> copy =
+        simple ? std::vector<Pixel>() : Snapshot(request.source, request.from);
     const Pixel* pixels = simple ? whole.pixels : copy.data();
     const std::ptrdiff_t stride = simple ? whole.stride : whole.width;
     const int scale = dc.surface->scale();
@@ -112,7 +113,8 @@ void Stretch(const CopyRequest& request, Mix mix) {
                     (source.bottom - source.top) * from, request.mirror_y};
     ForEachPart(dc, target, [&](const RECT& part) {
         std::vector<int> columns;
-        for (int x = part.left * to; x < part.right * to; ++x) columns.push_back(across.SourceOf(x));
+        for (int x = part.left * to; x < part.right * to; ++x)
+            columns.push_back(across.SourceOf(x));
         for (int y = part.top * to; y < part.bottom * to; ++y) {
             const int source_y = down.SourceOf(y);
             const bool row_exists = source_y >= 0 && source_y < request.source.device_height();
@@ -175,15 +177,20 @@ struct Place {
 };
 
 /// Nothing when a context is dead; otherwise both are brought up to date.
-std::optional<CopyRequest> MakeRequest(HDC target, const Place& place, HDC source, const Place& from) {
+std::optional<CopyRequest> MakeRequest(HDC target, const Place& place, HDC source,
+                                       const Place& from) {
     Dc* dc = FindDcToDraw(target);
     Dc* source_dc = FindDcToDraw(source);
     if (!dc || !source_dc) return std::nullopt;
     // Either may have nothing behind it; copying then succeeds without effect.
     static Surface& nothing = *new Surface(1, 1, 1);
     Surface& surface = source_dc->surface ? *source_dc->surface : nothing;
-    return CopyRequest{*dc, surface, dc->ToSurface(place.Rect()), source_dc->ToSurface(from.Rect()),
-                       (place.width < 0) != (from.width < 0), (place.height < 0) != (from.height < 0)};
+    return CopyRequest{*dc,
+                       surface,
+                       dc->ToSurface(place.Rect()),
+                       source_dc->ToSurface(from.Rect()),
+                       (place.width < 0) != (from.width < 0),
+                       (place.height < 0) != (from.height < 0)};
 }
 
 }  // namespace
@@ -239,11 +246,13 @@ BOOL WINAPI StretchBlt(HDC target, int x, int y, int width, int height, HDC sour
 
 BOOL WINAPI BitBlt(HDC target, int x, int y, int width, int height, HDC source, int source_x,
                    int source_y, DWORD operation) {
-    return StretchBlt(target, x, y, width, height, source, source_x, source_y, width, height, operation);
+    return StretchBlt(target, x, y, width, height, source, source_x, source_y, width, height,
+                      operation);
 }
 
-BOOL WINAPI TransparentBlt(HDC target, int x, int y, int width, int height, HDC source, int source_x,
-                           int source_y, int source_width, int source_height, UINT transparent) {
+BOOL WINAPI TransparentBlt(HDC target, int x, int y, int width, int height, HDC source,
+                           int source_x, int source_y, int source_width, int source_height,
+                           UINT transparent) {
     if (width < 0 || height < 0 || source_width < 0 || source_height < 0) return FALSE;
     const auto request = MakeRequest(target, {x, y, width, height}, source,
                                      {source_x, source_y, source_width, source_height});

@@ -86,7 +86,8 @@ BOOL WINAPI OffsetViewportOrgEx(HDC handle, int x, int y, LPPOINT former) {
     Dc* dc = FindDc(handle);
     if (!dc) return FALSE;
     const POINT old = dc->state.viewport;
-    return ExchangePoint(dc, &DcState::viewport, {Near(old.x + Near(x)), Near(old.y + Near(y))}, former);
+    return ExchangePoint(dc, &DcState::viewport, {Near(old.x + Near(x)), Near(old.y + Near(y))},
+                         former);
 }
 
 BOOL WINAPI MoveToEx(HDC dc, int x, int y, LPPOINT former) {

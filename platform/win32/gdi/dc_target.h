@@ -17,8 +17,8 @@ public:
     virtual Surface* TargetSurface() = 0;
     /// Where the context's (0, 0) lies on the surface.
     virtual POINT Origin() = 0;
-    /// What may be drawn on, in the surface's coordinates: clipped by the surface, by parents, and as the
-    /// styles ask by siblings and children.
+    /// What may be drawn on, in the surface's coordinates: clipped by the surface, by parents, and
+    /// as the styles ask by siblings and children.
     virtual const Region& Visible() = 0;
     /// Changes whenever an answer of the others may have changed. Never 0.
     virtual unsigned long long Epoch() = 0;
@@ -34,8 +34,9 @@ void DestroyTargetDc(HDC dc);
 void ResetDc(HDC dc);
 /// Null for a memory context, a dead handle and another kind of handle.
 DcTarget* TargetOf(HDC dc);
-/// A clip region beside the program's own, in the context's coordinates (origin at DcTarget::Origin,
-/// viewport ignored), or none for null. Drawing reaches visible, paint clip and program's clip alike.
+/// A clip region beside the program's own, in the context's coordinates (origin at
+/// DcTarget::Origin, viewport ignored), or none for null. Drawing reaches visible, paint clip and
+/// program's clip alike.
 void SetPaintClip(HDC dc, const Region* clip);
 
 /// The surface behind any device context (a memory context's bitmap), or null.
@@ -49,8 +50,8 @@ int DefaultScale();
 void SetDefaultScale(int scale);
 
 /// Copies within one surface, records included, as ScrollWindow does: the pixels of `source` that
-/// lie in `clip` both before and after appear `x`, `y` further. The result is what of `clip` lost its
-/// pixels and has to be painted again, within `source`.
+/// lie in `clip` both before and after appear `x`, `y` further. The result is what of `clip` lost
+/// its pixels and has to be painted again, within `source`.
 Region ScrollSurface(Surface& surface, const RECT& source, int x, int y, const Region& clip);
 
 /// The region behind a handle, or null.

@@ -175,7 +175,8 @@ std::size_t BrokenLength(const Layout& layout, std::string_view text) {
     while (!rest.empty()) {
         const std::size_t at = text.size() - rest.size();
         const unsigned code = TakeCode(&rest);
-        const bool may_break = at != 0 && (after_wide || code > 0xFF || text[at - 1] == ' ') && code != ' ';
+        const bool may_break =
+            at != 0 && (after_wide || code > 0xFF || text[at - 1] == ' ') && code != ' ';
         if (may_break) length = at;
         if (code != '&' || layout.Has(DT_NOPREFIX)) width += layout.face.Advance(code);
         // A blank at the end may reach beyond the line.

@@ -1,9 +1,10 @@
 #include "platform/win32/gdi/face_rules.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <cmath>
 #include <cstring>
-#include <strings.h>
 
 namespace winbase {
 
@@ -20,8 +21,8 @@ constexpr FaceRule kRules[] = {
      kProportional},
     {"Tahoma", nullptr, "DejaVu Sans Condensed", "Noto Sans CJK SC", 2048, 2049, 423, 910, 0.955,
      kProportional},
-    {"微软雅黑", "Microsoft YaHei", "Noto Sans CJK SC", "Noto Sans CJK SC", 2048, 2167, 536, 1060, 0.975,
-     kProportional},
+    {"微软雅黑", "Microsoft YaHei", "Noto Sans CJK SC", "Noto Sans CJK SC", 2048, 2167, 536, 1060,
+     0.975, kProportional},
 };
 
 constexpr int kUsualHeight = 12;

@@ -28,8 +28,8 @@ const FaceRule& FindFaceRule(const char* name);
 
 /// Sizes in pixels that a font gets by a rule.
 struct FaceSize {
-    int em = 0;        ///< height of the em square
-    double em_x = 0;   ///< its width, differs where a width was asked for
+    int em = 0;       ///< height of the em square
+    double em_x = 0;  ///< its width, differs where a width was asked for
     int ascent = 0;
     int descent = 0;
     int average_width = 0;
@@ -37,8 +37,8 @@ struct FaceSize {
     int Height() const { return ascent + descent; }
 };
 
-/// Heights: above 0 the cell's, below 0 the em square's, 0 a usual one. Width: of the average character,
-/// or 0 for what belongs to the height.
+/// Heights: above 0 the cell's, below 0 the em square's, 0 a usual one. Width: of the average
+/// character, or 0 for what belongs to the height.
 FaceSize SizeByRule(const FaceRule& rule, int height, int width);
 
 }  // namespace winbase

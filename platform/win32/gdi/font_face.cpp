@@ -19,32 +19,46 @@ namespace {
 constexpr std::size_t kChunkBytes = 16384;
 constexpr unsigned kLargestPicture = 8192;
 
-/// Small text in grey levels looks washed out: what is half covered is drawn a little stronger.
-std::array<std::uint8_t, 256> MakeContrast() {
-    std::array<std::uint8_t, 256> table{};
+using Contrast = std::array<std::uint8_t, 256>;
+
+Contrast MakeContrast(double exponent) {
+    Contrast table{};
     for (std::size_t i = 0; i < table.size(); ++i) {
-        const double strengthened = std::pow(static_cast<double>(i) / 255, 0.75);
+        const double strengthened = std::pow(static_cast<double>(i) / 255, exponent);
         table[i] = static_cast<std::uint8_t>(std::lround(255 * strengthened));
     }
     return table;
 }
 
-std::uint8_t Contrasted(std::uint8_t coverage) {
-    static const std::array<std::uint8_t, 256> table = MakeContrast();
-    return table[coverage];
+/// Small text in grey levels looks washed out, so what is half covered is drawn stronger; a little
+/// only in bold, where the gaps within a character would close.
+const Contrast& ContrastFor(bool bold) {
+    static const Contrast regular_table = MakeContrast(0.68);
+    static const Contrast bold_table = MakeContrast(0.85);
+    return bold ? bold_table : regular_table;
 }
 
 bool ShowsNothing(unsigned code) {
     return code <= 0x20 || code == 0x7F || (code > 0x80 && code <= 0xFF);
 }
 
-/// Also with FT_Outline_Embolden where the file is not bold itself.
-bool LoadOutline(FT_Face face, FT_UInt index, bool embolden, bool italic) {
-    if (FT_Load_Glyph(face, index, FT_LOAD_TARGET_LIGHT | FT_LOAD_NO_BITMAP) != 0) return false;
+/// How a glyph's outline is changed before it is drawn.
+struct OutlineStyle {
+    bool fit_stems;  ///< upright stems to whole pixels too, which moves them within their places
+    bool embolden;
+    bool italic;
+};
+
+bool Render(FT_Face face, FT_UInt index, const OutlineStyle& style) {
+    const FT_Int32 flags =
+        style.fit_stems ? FT_LOAD_TARGET_NORMAL | FT_LOAD_FORCE_AUTOHINT : FT_LOAD_TARGET_LIGHT;
+    if (FT_Load_Glyph(face, index, flags | FT_LOAD_NO_BITMAP) != 0) return false;
     if (face->glyph->format != FT_GLYPH_FORMAT_OUTLINE) return false;
     FT_Outline& outline = face->glyph->outline;
-    if (embolden) FT_Outline_Embolden(&outline, std::max<FT_Pos>(32, face->size->metrics.y_ppem * 64 / 24));
-    if (italic) {
+    if (style.embolden) {
+        FT_Outline_Embolden(&outline, std::max<FT_Pos>(32, face->size->metrics.y_ppem * 64 / 24));
+    }
+    if (style.italic) {
         const FT_Matrix slant{0x10000, 0x3333, 0, 0x10000};
         FT_Outline_Transform(&outline, &slant);
     }
@@ -72,7 +86,8 @@ std::uint8_t* FontFace::Reserve(std::size_t bytes) {
 }
 
 int FontFace::AdvanceOf(unsigned code, double natural) const {
-    if (rule_.pitch == FaceRule::Pitch::kHalfAndFull) return code > 0xFF ? 2 * size_.half : size_.half;
+    if (rule_.pitch == FaceRule::Pitch::kHalfAndFull)
+        return code > 0xFF ? 2 * size_.half : size_.half;
     if (code > 0xFF) return std::max(1, static_cast<int>(std::lround(size_.em_x)));
     return std::max(1, static_cast<int>(std::lround(natural)));
 }
@@ -105,16 +120,21 @@ void FontFace::Rasterize(unsigned code, int scale, Glyph* glyph) {
     glyph->advance = static_cast<std::int16_t>(AdvanceOf(code, natural));
     if (!face || shown == ' ') return;
     FT_Set_Char_Size(face, std::lround(em_x * scale * 64), size_.em * scale * 64, 72, 72);
-    if (!LoadOutline(face, index, bold && !file.bold, italic_)) return;
+    // Fitted stems suit characters in places of one width; words of a proportional face keep their
+    // rhythm better without.
+    const bool fit_stems = wide || rule_.pitch == FaceRule::Pitch::kHalfAndFull;
+    if (!Render(face, index, {fit_stems, bold && !file.bold, italic_})) return;
     const FT_GlyphSlot slot = face->glyph;
     const FT_Bitmap& picture = slot->bitmap;
     if (picture.width == 0 || picture.rows == 0) return;
     if (picture.width > kLargestPicture || picture.rows > kLargestPicture) return;
     const std::size_t width = (picture.width + 3u) & ~3u;
+    const Contrast& contrast = ContrastFor(bold);
     std::uint8_t* coverage = Reserve(width * picture.rows);
     for (unsigned y = 0; y < picture.rows; ++y) {
         const unsigned char* row = picture.buffer + static_cast<std::ptrdiff_t>(y) * picture.pitch;
-        std::transform(row, row + picture.width, coverage + y * width, Contrasted);
+        std::transform(row, row + picture.width, coverage + y * width,
+                       [&contrast](unsigned char level) { return contrast[level]; });
     }
     // The picture stands in the middle of its place where that is wider or narrower than drawn.
     const double spare = (glyph->advance - natural) * scale / 2;

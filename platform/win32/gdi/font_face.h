@@ -67,8 +67,8 @@ private:
 /// The face of a font; equal fonts share one as long as one of them lives, and a little longer.
 std::shared_ptr<FontFace> OpenFontFace(const LOGFONTA& log);
 
-/// Takes characters off the front of a text, one GBK code at a time. A lead byte at the end of a text
-/// is a code of its own, which shows nothing.
+/// Takes characters off the front of a text, one GBK code at a time. A lead byte at the end of a
+/// text is a code of its own, which shows nothing.
 inline unsigned TakeCode(std::string_view* text) {
     const auto first = static_cast<unsigned char>((*text)[0]);
     const bool is_lead = first >= 0x81 && first <= 0xFE && text->size() > 1 && (*text)[1] != '\0';

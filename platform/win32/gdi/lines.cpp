@@ -28,13 +28,17 @@ Dashes DashesOf(const Pen& pen) {
 class LineSteps {
 public:
     LineSteps(POINT from, POINT to)
-        : from_(from), dx_(to.x - from.x), dy_(to.y - from.y), flat_(std::abs(dx_) >= std::abs(dy_)) {}
+        : from_(from),
+          dx_(to.x - from.x),
+          dy_(to.y - from.y),
+          flat_(std::abs(dx_) >= std::abs(dy_)) {}
 
     int Count() const { return flat_ ? std::abs(dx_) : std::abs(dy_); }
     POINT At(int step) const {
         const int along = (flat_ ? dx_ : dy_) < 0 ? -step : step;
         const int aside = Aside(step, flat_ ? dy_ : dx_);
-        return flat_ ? POINT{from_.x + along, from_.y + aside} : POINT{from_.x + aside, from_.y + along};
+        return flat_ ? POINT{from_.x + along, from_.y + aside}
+                     : POINT{from_.x + aside, from_.y + along};
     }
     /// The steps from `*first` up to `*last` that may lie within `bounds`, widened by `margin`.
     void Limit(const RECT& bounds, int margin, int* first, int* last) const {
@@ -68,7 +72,8 @@ void PaintDot(SpanPainter& painter, POINT center, int width, int scale) {
     for (int y = 0; y < size; ++y) {
         const double dy = y + 0.5 - radius;
         // A little less than the circle, so that a dot of 3 is a cross and not a block.
-        const double half = width <= 2 ? radius : std::sqrt(std::max(0.0, radius * radius - dy * dy));
+        const double half =
+            width <= 2 ? radius : std::sqrt(std::max(0.0, radius * radius - dy * dy));
         const int inset = static_cast<int>(std::ceil(radius - half - 0.25));
         painter.Span(left + inset, left + size - inset, top + y);
     }

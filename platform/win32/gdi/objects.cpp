@@ -79,7 +79,8 @@ int DescribeInto(GdiObject& object, int size, LPVOID data) {
     switch (object.kind) {
         case ObjectKind::kPen: {
             const auto& pen = static_cast<const Pen&>(object);
-            return Fill(LOGPEN{static_cast<UINT>(pen.style), {pen.width, 0}, pen.color}, size, data);
+            return Fill(LOGPEN{static_cast<UINT>(pen.style), {pen.width, 0}, pen.color}, size,
+                        data);
         }
         case ObjectKind::kBrush: {
             const auto& brush = static_cast<const Brush&>(object);
@@ -119,8 +120,8 @@ HGDIOBJ AddObject(std::unique_ptr<GdiObject> object) {
 GdiObject* FindObject(HGDIOBJ handle) { return Objects().Find(handle); }
 
 Bitmap* FirstBitmap() {
-    static Bitmap* bitmap = static_cast<Bitmap*>(FindObject(
-        AddStock(std::make_unique<Bitmap>(1, 1, 1, Bitmap::Depth::kMono, nullptr))));
+    static Bitmap* bitmap = static_cast<Bitmap*>(
+        FindObject(AddStock(std::make_unique<Bitmap>(1, 1, 1, Bitmap::Depth::kMono, nullptr))));
     return bitmap;
 }
 

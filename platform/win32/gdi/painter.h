@@ -28,8 +28,8 @@ Pixel PixelFor(const Dc& dc, COLORREF color);
 void FillReached(Dc& dc, const RECT& rect, Pixel pixel);
 void XorReached(Dc& dc, const RECT& rect, Pixel pixel);
 
-/// Paints runs of device pixels (the surface's, `scale` to a logical pixel each way), clipped to what
-/// the context reaches. `bounds` (surface coordinates) are around all of them.
+/// Paints runs of device pixels (the surface's, `scale` to a logical pixel each way), clipped to
+/// what the context reaches. `bounds` (surface coordinates) are around all of them.
 class SpanPainter {
 public:
     SpanPainter(Dc& dc, const RECT& bounds, Pixel pixel);

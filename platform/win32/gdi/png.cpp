@@ -31,7 +31,8 @@ std::vector<unsigned char> RgbOf(const Surface& surface, const RECT& device) {
     return bytes;
 }
 
-bool WriteTo(const std::string& path, const std::vector<unsigned char>& bytes, int width, int height) {
+bool WriteTo(const std::string& path, const std::vector<unsigned char>& bytes, int width,
+             int height) {
     png_image image{};
     image.version = PNG_IMAGE_VERSION;
     image.width = static_cast<png_uint_32>(width);

@@ -7,7 +7,9 @@ namespace {
 bool Empty(const RECT& rect) { return rect.left >= rect.right || rect.top >= rect.bottom; }
 
 // Both wrap around instead of overflowing.
-int Sum(int a, int b) { return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b)); }
+int Sum(int a, int b) {
+    return static_cast<int>(static_cast<unsigned>(a) + static_cast<unsigned>(b));
+}
 int Difference(int a, int b) {
     return static_cast<int>(static_cast<unsigned>(a) - static_cast<unsigned>(b));
 }
@@ -44,7 +46,8 @@ BOOL WINAPI OffsetRect(LPRECT rect, int x, int y) {
 BOOL WINAPI IntersectRect(LPRECT target, const RECT* first, const RECT* second) {
     if (!target || !first || !second) return FALSE;
     const RECT common{std::max(first->left, second->left), std::max(first->top, second->top),
-                      std::min(first->right, second->right), std::min(first->bottom, second->bottom)};
+                      std::min(first->right, second->right),
+                      std::min(first->bottom, second->bottom)};
     const bool empty = Empty(*first) || Empty(*second) || Empty(common);
     *target = empty ? RECT{} : common;
     return !empty;

@@ -93,9 +93,8 @@ bool Region::Contains(const RECT& rect) const {
 }
 
 bool Region::Intersects(const RECT& rect) const {
-    return std::any_of(rects_.begin(), rects_.end(), [&rect](const RECT& own) {
-        return !IsEmpty(Intersection(own, rect));
-    });
+    return std::any_of(rects_.begin(), rects_.end(),
+                       [&rect](const RECT& own) { return !IsEmpty(Intersection(own, rect)); });
 }
 
 void Region::Clear() {

@@ -25,7 +25,8 @@ struct RoundShape {
     bool HasRow(int y) const { return y >= rect.top && y < rect.bottom && rect.left < rect.right; }
     RoundShape Shrunk(int by) const {
         return {{rect.left + by, rect.top + by, rect.right - by, rect.bottom - by},
-                std::max(radius_x - by, 0.0), std::max(radius_y - by, 0.0)};
+                std::max(radius_x - by, 0.0),
+                std::max(radius_y - by, 0.0)};
     }
 };
 
@@ -72,8 +73,8 @@ BOOL PaintRound(Dc& dc, RECT rect, double corner_x, double corner_y) {
 }
 
 RECT OrderedOnSurface(const Dc& dc, int left, int top, int right, int bottom) {
-    return dc.ToSurface(Near(RECT{std::min(left, right), std::min(top, bottom), std::max(left, right),
-                                  std::max(top, bottom)}));
+    return dc.ToSurface(Near(RECT{std::min(left, right), std::min(top, bottom),
+                                  std::max(left, right), std::max(top, bottom)}));
 }
 
 std::vector<POINT> OnSurface(const Dc& dc, const POINT* points, int count) {
@@ -84,15 +85,19 @@ std::vector<POINT> OnSurface(const Dc& dc, const POINT* points, int count) {
 }
 
 /// Where the polygon's edges cross a device row, ascending.
-void FindCrossings(const std::vector<POINT>& points, int scale, int row, std::vector<int>* crossings) {
+void FindCrossings(const std::vector<POINT>& points, int scale, int row,
+                   std::vector<int>* crossings) {
     crossings->clear();
-    const auto y_of = [scale](const POINT& point) { return static_cast<long long>(point.y) * scale; };
+    const auto y_of = [scale](const POINT& point) {
+        return static_cast<long long>(point.y) * scale;
+    };
     const auto x_of = [scale](const POINT& point) { return static_cast<double>(point.x) * scale; };
     for (std::size_t i = 0; i < points.size(); ++i) {
         const POINT& a = points[i];
         const POINT& b = points[(i + 1) % points.size()];
         if ((y_of(a) <= row) == (y_of(b) <= row)) continue;
-        const double part = static_cast<double>(row - y_of(a)) / static_cast<double>(y_of(b) - y_of(a));
+        const double part =
+            static_cast<double>(row - y_of(a)) / static_cast<double>(y_of(b) - y_of(a));
         crossings->push_back(static_cast<int>(std::ceil(x_of(a) + part * (x_of(b) - x_of(a)))));
     }
     std::sort(crossings->begin(), crossings->end());

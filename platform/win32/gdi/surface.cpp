@@ -68,8 +68,8 @@ void Surface::CollectDamage(const RECT& rect) {
     for (std::size_t i = 0; i < damage_count_; ++i) {
         if (Waste(damage_[i], added) < Waste(damage_[best], added)) best = i;
     }
-    const bool merge = damage_count_ == damage_.size() ||
-                       (damage_count_ != 0 && Waste(damage_[best], added) <= 0);
+    const bool merge =
+        damage_count_ == damage_.size() || (damage_count_ != 0 && Waste(damage_[best], added) <= 0);
     if (!merge) {
         damage_[damage_count_] = added;
         best = damage_count_++;

@@ -26,8 +26,8 @@ public:
         if (IsEmpty(seen)) return;
         const std::uint8_t* coverage =
             glyph.coverage + (seen.top - top) * glyph.width + (seen.left - left);
-        BlendCoverage({surface_.Row(seen.top) + seen.left, surface_.stride(), seen.right - seen.left,
-                       seen.bottom - seen.top},
+        BlendCoverage({surface_.Row(seen.top) + seen.left, surface_.stride(),
+                       seen.right - seen.left, seen.bottom - seen.top},
                       coverage, glyph.width, pixel_);
     }
 
@@ -159,7 +159,8 @@ void AdvancePosition(Dc& dc, int width) {
     }
 }
 
-void DrawAligned(Dc& dc, POINT point, std::string_view text, const RECT* clip, const INT* advances) {
+void DrawAligned(Dc& dc, POINT point, std::string_view text, const RECT* clip,
+                 const INT* advances) {
     const bool moves = (dc.state.align & TA_UPDATECP) != 0;
     if (moves) point = dc.state.position;
     FontFace& face = dc.state.font->Face();

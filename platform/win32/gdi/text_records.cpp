@@ -56,8 +56,8 @@ void TextRecords::CopyFrom(const std::vector<TextRecord>& records, const RECT& s
     for (const TextRecord& record : records) {
         const RECT part = Intersection(record.rect, source);
         if (IsEmpty(part)) continue;
-        const RECT seen = SeenPart(
-            Moved(part, target.left - source.left, target.top - source.top), reach);
+        const RECT seen =
+            SeenPart(Moved(part, target.left - source.left, target.top - source.top), reach);
         if (IsEmpty(seen)) continue;
         moved.push_back({record.text, seen, record.color, record.weight});
     }

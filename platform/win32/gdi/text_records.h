@@ -31,7 +31,8 @@ public:
     void Clear() { records_.clear(); }
 
     /// Keeps the smallest rectangle around what `reach` leaves of `rect`.
-    void Add(std::string_view text, const RECT& rect, const Region& reach, COLORREF color, int weight);
+    void Add(std::string_view text, const RECT& rect, const Region& reach, COLORREF color,
+             int weight);
     /// Something was painted over the rectangle: records lose what it covers, up to all of them.
     void Cover(const RECT& rect);
     /// What another surface (or this one) showed in `source` is now seen at `target`, which has the

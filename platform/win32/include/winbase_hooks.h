@@ -3,6 +3,9 @@
 // What a test, an automation run or the start of a program asks of the layer beyond the Windows
 // functions. Nothing here exists on Windows.
 
+#include <string>
+#include <vector>
+
 #include "winbase_types.h"
 
 #define WINBASE_HOOK __attribute__((visibility("default")))
@@ -20,5 +23,26 @@ WINBASE_HOOK bool IsClockManual();
 /// when it did something, and the loop looks at its queue again. Null takes it away.
 using IdleHandler = bool (*)();
 WINBASE_HOOK void SetIdleHandler(IdleHandler handler);
+
+/// A text as it is seen: the bytes that were drawn, and what is left of its cell under later paint,
+/// in the coordinates of the context that is asked.
+struct ShownText {
+    std::string text;
+    RECT rect;
+    COLORREF color;
+    int weight;
+};
+
+/// Whether surfaces remember the texts that are drawn on them; off at first. What was drawn while it
+/// was off is not known.
+WINBASE_HOOK void RecordTexts(bool on);
+/// The texts within what the context can draw on, in the order in which they were drawn. Empty for a
+/// dead context.
+WINBASE_HOOK std::vector<ShownText> ShownTexts(HDC dc);
+/// The smallest rectangle around what the context can draw on, as an RGB picture; `path` is the
+/// system's own. False when there is nothing to see or the file can't be written.
+WINBASE_HOOK bool WritePng(HDC dc, const char* path);
+/// Pixels of one logical pixel each way, 1 to 3, on surfaces and bitmaps that are made from now on.
+WINBASE_HOOK void SetScale(int scale);
 
 }  // namespace winbase::hooks

@@ -45,8 +45,8 @@ WIN32_EXPORT HFONT WINAPI CreateFontA(int height, int width, int escapement, int
                                       DWORD quality, DWORD pitch_and_family, LPCSTR face);
 WIN32_EXPORT HFONT WINAPI CreateFontIndirectA(const LOGFONTA* font);
 WIN32_EXPORT HBITMAP WINAPI CreateCompatibleBitmap(HDC dc, int width, int height);
-WIN32_EXPORT HBITMAP WINAPI CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage, void** bits,
-                                             HANDLE section, DWORD offset);
+WIN32_EXPORT HBITMAP WINAPI CreateDIBSection(HDC dc, const BITMAPINFO* info, UINT usage,
+                                             void** bits, HANDLE section, DWORD offset);
 
 // ---- lines and areas ----
 
@@ -66,8 +66,8 @@ WIN32_EXPORT BOOL WINAPI GradientFill(HDC dc, PTRIVERTEX vertices, ULONG vertex_
 // ---- copies ----
 
 WIN32_EXPORT BOOL WINAPI PatBlt(HDC dc, int x, int y, int width, int height, DWORD operation);
-WIN32_EXPORT BOOL WINAPI BitBlt(HDC dc, int x, int y, int width, int height, HDC source, int source_x,
-                                int source_y, DWORD operation);
+WIN32_EXPORT BOOL WINAPI BitBlt(HDC dc, int x, int y, int width, int height, HDC source,
+                                int source_x, int source_y, DWORD operation);
 WIN32_EXPORT BOOL WINAPI StretchBlt(HDC dc, int x, int y, int width, int height, HDC source,
                                     int source_x, int source_y, int source_width, int source_height,
                                     DWORD operation);
@@ -95,8 +95,8 @@ WIN32_EXPORT BOOL WINAPI PtInRegion(HRGN region, int x, int y);
 // ---- text ----
 
 WIN32_EXPORT BOOL WINAPI TextOutA(HDC dc, int x, int y, LPCSTR text, int count);
-WIN32_EXPORT BOOL WINAPI ExtTextOutA(HDC dc, int x, int y, UINT options, const RECT* rect, LPCSTR text,
-                                     UINT count, const INT* advances);
+WIN32_EXPORT BOOL WINAPI ExtTextOutA(HDC dc, int x, int y, UINT options, const RECT* rect,
+                                     LPCSTR text, UINT count, const INT* advances);
 WIN32_EXPORT BOOL WINAPI GetTextExtentPoint32A(HDC dc, LPCSTR text, int count, LPSIZE size);
 WIN32_EXPORT BOOL WINAPI GetTextExtentExPointA(HDC dc, LPCSTR text, int count, int max_extent,
                                                LPINT fit, LPINT partial, LPSIZE size);

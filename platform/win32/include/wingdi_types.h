@@ -4,8 +4,8 @@
 
 #include "windef.h"
 
-#define RGB(red, green, blue)                                              \
-    (static_cast<COLORREF>(static_cast<BYTE>(red) |                        \
+#define RGB(red, green, blue)                                                    \
+    (static_cast<COLORREF>(static_cast<BYTE>(red) |                              \
                            (static_cast<DWORD>(static_cast<BYTE>(green)) << 8) | \
                            (static_cast<DWORD>(static_cast<BYTE>(blue)) << 16)))
 #define GetRValue(color) (static_cast<BYTE>((color)&0xff))
