@@ -71,7 +71,7 @@ void RunRatio(benchmark::State& state, const std::string& key, Pair (*make)()) {
     const Pair pair = make();
     Side kernel(pair.kernel);
     Side baseline(pair.baseline);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         baseline.Sample();
         state.SetIterationTime(kernel.Sample());
     }
@@ -85,7 +85,7 @@ void RunRatio(benchmark::State& state, const std::string& key, Pair (*make)()) {
 }
 
 void RunMeasure(benchmark::State& state, const std::string& key, double (*measure)()) {
-    for (auto _ : state) Results()[key] = measure();
+    while (state.KeepRunning()) Results()[key] = measure();
     state.counters["result"] = Results()[key];
 }
 
