@@ -1,16 +1,16 @@
-#include <commctrl.h>
 #include <windows.h>
 
-namespace {
+#include <commctrl.h>
 
-constexpr DWORD kKnownClasses = ICC_TREEVIEW_CLASSES | ICC_TAB_CLASSES | ICC_UPDOWN_CLASS |
-                                ICC_DATE_CLASSES | ICC_STANDARD_CLASSES;
+#include "platform/win32/controls/register.h"
 
-}  // namespace
-
-BOOL InitCommonControlsEx(const INITCOMMONCONTROLSEX* controls) {
-    return controls && controls->dwSize == sizeof *controls &&
-           (controls->dwICC & ~kKnownClasses) == 0;
+BOOL WINAPI InitCommonControlsEx(const INITCOMMONCONTROLSEX* controls) {
+    constexpr DWORD kThere = ICC_TREEVIEW_CLASSES | ICC_TAB_CLASSES | ICC_UPDOWN_CLASS |
+                             ICC_DATE_CLASSES | ICC_STANDARD_CLASSES;
+    if (controls == nullptr || controls->dwSize != sizeof *controls) return FALSE;
+    if ((controls->dwICC & ~kThere) != 0) return FALSE;
+    winbase::RegisterStandardControls();
+    return TRUE;
 }
 
-BOOL _TrackMouseEvent(LPTRACKMOUSEEVENT track) { return TrackMouseEvent(track); }
+BOOL WINAPI _TrackMouseEvent(LPTRACKMOUSEEVENT track) { return TrackMouseEvent(track); }
