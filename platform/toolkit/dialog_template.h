@@ -46,7 +46,7 @@ struct DialogTemplate {
     short y = 0;
     short width = 0;
     short height = 0;
-    std::span<const DialogControl> controls;
+    std::span<const DialogControl> controls = {};
 };
 
 using TemplateTable = std::span<const DialogTemplate>;

@@ -127,7 +127,7 @@ protected:                                        \
 #define BEGIN_MESSAGE_MAP(the_class, base_class)                                       \
     const AFX_MSGMAP* the_class::GetMessageMap() const { return GetThisMessageMap(); } \
     const AFX_MSGMAP* the_class::GetThisMessageMap() {                                 \
-        using ThisClass = the_class;                                                   \
+        using ThisClass [[maybe_unused]] = the_class;                                  \
         using TheBaseClass = base_class;                                               \
         static const AFX_MSGMAP_ENTRY entries[] = {
 #define END_MESSAGE_MAP()                                                      \

@@ -25,7 +25,8 @@ AFX_MODULE_STATE::AFX_MODULE_STATE(CWinApp& app, std::span<const toolkit::Templa
                                    const void* inside)
     : app_(app), instance_(ModuleAt(inside)), tables_(tables) {
     app_.m_hInstance = instance_;
-    if (instance_ == ::GetModuleHandleA(nullptr)) program_module = this;
+    const bool in_program = instance_ == ::GetModuleHandleA(nullptr);
+    if (in_program && program_module == nullptr) program_module = this;
 }
 
 const toolkit::DialogTemplate* AFX_MODULE_STATE::FindTemplate(UINT id) const {

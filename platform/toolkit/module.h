@@ -62,7 +62,10 @@ private:
 
 }  // namespace toolkit
 
-#define AFX_MANAGE_STATE(module) const toolkit::ModuleScope module_scope(module);
+#define AFX_MANAGE_STATE(module) const toolkit::ModuleScope TOOLKIT_UNIQUE(module_scope)(module);
+#define TOOLKIT_UNIQUE(name) TOOLKIT_JOIN(name, __LINE__)
+#define TOOLKIT_JOIN(name, line) TOOLKIT_PASTE(name, line)
+#define TOOLKIT_PASTE(name, line) name##line
 
 /// Once in one source of each module: its application object and its tables of templates
 /// (an array of toolkit::TemplateTable, which may be empty only as an empty span).
