@@ -3,6 +3,7 @@
 #include <fontconfig/fontconfig.h>
 
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 
@@ -16,6 +17,14 @@ FT_Library Library() {
         return FT_Init_FreeType(&opened) == 0 ? opened : nullptr;
     }();
     return library;
+}
+
+/// Families to files. Given back at the end, since its memory refers to itself by distances, which
+/// leak checks cannot follow.
+FcConfig* Families() {
+    static const std::unique_ptr<FcConfig, decltype(&FcConfigDestroy)> families(
+        FcInitLoadConfigAndFonts(), &FcConfigDestroy);
+    return families.get();
 }
 
 FontFile OpenMatch(FcPattern* match) {
@@ -34,15 +43,15 @@ FontFile OpenMatch(FcPattern* match) {
 }
 
 FontFile FindFile(const char* family, bool bold) {
-    if (!Library()) return {};
+    if (!Library() || !Families()) return {};
     FcPattern* pattern = FcPatternCreate();
     FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
     FcPatternAddInteger(pattern, FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);
     FcPatternAddBool(pattern, FC_SCALABLE, FcTrue);
-    FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
+    FcConfigSubstitute(Families(), pattern, FcMatchPattern);
     FcDefaultSubstitute(pattern);
     FcResult result = FcResultNoMatch;
-    FcPattern* match = FcFontMatch(nullptr, pattern, &result);
+    FcPattern* match = FcFontMatch(Families(), pattern, &result);
     FcPatternDestroy(pattern);
     if (!match) return {};
     const FontFile file = OpenMatch(match);
