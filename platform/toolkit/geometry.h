@@ -6,16 +6,22 @@
 
 class CSize : public SIZE {
 public:
-    CSize() : SIZE{0, 0} {}
-    CSize(int width, int height) : SIZE{width, height} {}
+    CSize() : SIZE() {}
+    CSize(int width, int height) : SIZE() {
+        cx = width;
+        cy = height;
+    }
     CSize(const SIZE& size) : SIZE(size) {}
     bool operator==(const SIZE& other) const { return cx == other.cx && cy == other.cy; }
 };
 
 class CPoint : public POINT {
 public:
-    CPoint() : POINT{0, 0} {}
-    CPoint(int left, int top) : POINT{left, top} {}
+    CPoint() : POINT() {}
+    CPoint(int left, int top) : POINT() {
+        x = left;
+        y = top;
+    }
     CPoint(const POINT& point) : POINT(point) {}
     void Offset(int dx, int dy) {
         x += dx;
@@ -29,11 +35,11 @@ public:
 
 class CRect : public RECT {
 public:
-    CRect() : RECT{0, 0, 0, 0} {}
-    CRect(int l, int t, int r, int b) : RECT{l, t, r, b} {}
+    CRect() : RECT() {}
+    CRect(int l, int t, int r, int b) : RECT() { SetRect(l, t, r, b); }
     CRect(const RECT& rect) : RECT(rect) {}
     CRect(const POINT& origin, const SIZE& size)
-        : RECT{origin.x, origin.y, origin.x + size.cx, origin.y + size.cy} {}
+        : CRect(int{origin.x}, int{origin.y}, int{origin.x + size.cx}, int{origin.y + size.cy}) {}
 
     operator LPRECT() { return this; }
     operator LPCRECT() const { return this; }
@@ -50,7 +56,12 @@ public:
         return point.x >= left && point.x < right && point.y >= top && point.y < bottom;
     }
 
-    void SetRect(int l, int t, int r, int b) { *this = CRect(l, t, r, b); }
+    void SetRect(int l, int t, int r, int b) {
+        left = l;
+        top = t;
+        right = r;
+        bottom = b;
+    }
     void SetRectEmpty() { SetRect(0, 0, 0, 0); }
     void InflateRect(int dx, int dy) { InflateRect(dx, dy, dx, dy); }
     void InflateRect(int l, int t, int r, int b) {

@@ -2,6 +2,18 @@
 
 namespace toolkit {
 
+namespace {
+
+/// Style of classes that the system's input methods bring. Windows of them may be made by the way
+/// while a program's first window is.
+constexpr ULONG_PTR kInputMethodClass = 0x00010000;
+
+bool IsMeant(HWND handle) {
+    return (::GetClassLongPtrA(handle, GCL_STYLE) & kInputMethodClass) == 0;
+}
+
+}  // namespace
+
 ThreadState& State() {
     // Kept to the end: objects with static life may still leave their windows when the thread's own
     // objects are gone.
@@ -21,10 +33,11 @@ CreationScope::~CreationScope() {
 
 LRESULT CALLBACK CreationScope::OnHook(int code, WPARAM wParam, LPARAM lParam) {
     ThreadState& state = State();
-    if (code == HCBT_CREATEWND && state.creating != nullptr) {
+    const HWND handle = reinterpret_cast<HWND>(wParam);
+    if (code == HCBT_CREATEWND && state.creating != nullptr && IsMeant(handle)) {
         CWnd* window = state.creating;
-        state.creating = nullptr;  // what the window creates is not meant
-        window->Bind(reinterpret_cast<HWND>(wParam));
+        state.creating = nullptr;  // what the window itself creates is not meant
+        window->Bind(handle);
         window->TakeMessages();
     }
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
