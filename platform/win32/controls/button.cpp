@@ -244,8 +244,8 @@ void ButtonControl::SetCheck(WPARAM check) {
     const UINT wanted = check > highest ? highest : static_cast<UINT>(check);
     // The Tab key reaches a group of radio buttons at the one that is chosen.
     if (Window* const self = IsRadio() ? LookUp(window_) : nullptr; self != nullptr) {
-        self->style = wanted != 0 ? self->style | WS_TABSTOP
-                                  : self->style & ~static_cast<DWORD>(WS_TABSTOP);
+        self->style =
+            wanted != 0 ? self->style | WS_TABSTOP : self->style & ~static_cast<DWORD>(WS_TABSTOP);
     }
     if (check_ == wanted) return;
     check_ = wanted;

@@ -133,8 +133,8 @@ UINT AlignmentOf(DWORD style, UINT usual) {
     }
 }
 
-/// Text of one line, or of several with BS_MULTILINE, in the vertical middle of `area`. Answers what
-/// it takes.
+/// Text of one line, or of several with BS_MULTILINE, in the vertical middle of `area`. Answers
+/// what it takes.
 RECT DrawCaption(HDC dc, const std::string& text, const RECT& area, DWORD style, UINT alignment) {
     const int length = static_cast<int>(text.size());
     const UINT lines = (style & BS_MULTILINE) != 0 ? DT_WORDBREAK : DT_SINGLELINE;

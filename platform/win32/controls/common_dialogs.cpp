@@ -87,9 +87,8 @@ void WriteResults(OPENFILENAMEA& parameters, const SaveFileDialog& dialog) {
     }
     parameters.Flags &= ~static_cast<DWORD>(OFN_READONLY | OFN_EXTENSIONDIFFERENT);
     const std::string& usual = dialog.default_extension;
-    const bool differs =
-        !usual.empty() &&
-        (extension == 0 || lstrcmpiA(path.c_str() + extension, usual.c_str()) != 0);
+    const bool differs = !usual.empty() && (extension == 0 || lstrcmpiA(path.c_str() + extension,
+                                                                        usual.c_str()) != 0);
     if (differs) parameters.Flags |= OFN_EXTENSIONDIFFERENT;
 }
 

@@ -59,12 +59,12 @@ bool CreateControl(HWND dialog, const ControlTemplate& control, HINSTANCE instan
     const int x = UnitsToX(base, control.x);
     const int y = UnitsToY(base, control.y);
     const void* const data = control.data.empty() ? nullptr : control.data.data();
-    const HWND window = CreateWindowExA(
-        control.ex_style | WS_EX_NOPARENTNOTIFY, control.window_class.c_str(),
-        control.text.c_str(), control.style | WS_CHILD, x, y, UnitsToX(base, control.width),
-        UnitsToY(base, control.height), dialog,
-        reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(control.id)), instance,
-        const_cast<void*>(data));
+    const HWND window =
+        CreateWindowExA(control.ex_style | WS_EX_NOPARENTNOTIFY, control.window_class.c_str(),
+                        control.text.c_str(), control.style | WS_CHILD, x, y,
+                        UnitsToX(base, control.width), UnitsToY(base, control.height), dialog,
+                        reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(control.id)), instance,
+                        const_cast<void*>(data));
     if (window == nullptr) return false;
     if (font != nullptr) SendMessageA(window, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
     DialogState* const state = FindDialog(dialog);
@@ -108,8 +108,7 @@ HWND CreateDialogFrom(const DialogTemplate& dialog, HINSTANCE instance, HWND own
     const DWORD ex_style = ExStyleOf(dialog);
     const DWORD style = dialog.style | DS_3DLOOK;
     const RECT place = PlaceDialog(dialog, ex_style, base, owner);
-    const char* const name =
-        dialog.window_class.empty() ? "#32770" : dialog.window_class.c_str();
+    const char* const name = dialog.window_class.empty() ? "#32770" : dialog.window_class.c_str();
     const HWND window = CreateWindowExA(
         ex_style, name, dialog.title.c_str(), style & ~static_cast<DWORD>(WS_VISIBLE), place.left,
         place.top, place.right - place.left, place.bottom - place.top, owner, nullptr, instance,

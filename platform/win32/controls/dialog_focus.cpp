@@ -35,14 +35,16 @@ void Collect(HWND parent, std::vector<HWND>* controls) {
 HWND ControlAround(HWND dialog, HWND window) {
     while (window != nullptr && window != dialog) {
         const HWND parent = GetParent(window);
-        if (parent == dialog || (parent != nullptr && HasControls(parent) && IsChild(dialog, parent)))
+        if (parent == dialog ||
+            (parent != nullptr && HasControls(parent) && IsChild(dialog, parent)))
             return window;
         window = parent;
     }
     return nullptr;
 }
 
-/// The nearest control after (or before) `from` that `wanted` accepts, around the end; null if none.
+/// The nearest control after (or before) `from` that `wanted` accepts, around the end; null if
+/// none.
 template <class Wanted>
 HWND Around(const std::vector<HWND>& controls, HWND from, bool previous, Wanted wanted) {
     const auto count = static_cast<int>(controls.size());
@@ -66,7 +68,8 @@ bool HasStyle(HWND control, LONG style) {
 std::vector<HWND> GroupAround(HWND control) {
     std::vector<HWND> group;
     bool inside = false;
-    for (HWND at = GetWindow(control, GW_HWNDFIRST); at != nullptr; at = GetWindow(at, GW_HWNDNEXT)) {
+    for (HWND at = GetWindow(control, GW_HWNDFIRST); at != nullptr;
+         at = GetWindow(at, GW_HWNDNEXT)) {
         if (HasStyle(at, WS_GROUP)) {
             if (inside) break;
             group.clear();
@@ -138,9 +141,8 @@ HWND WINAPI GetNextDlgTabItem(HWND dialog, HWND control, BOOL previous) {
     AssertUiThread();
     if (FindLive(dialog) == nullptr) return nullptr;
     const HWND from = ControlAround(dialog, control);
-    return Around(ControlsOf(dialog), from, previous != FALSE, [](HWND at) {
-        return Reachable(at) && HasStyle(at, WS_TABSTOP);
-    });
+    return Around(ControlsOf(dialog), from, previous != FALSE,
+                  [](HWND at) { return Reachable(at) && HasStyle(at, WS_TABSTOP); });
 }
 
 HWND WINAPI GetNextDlgGroupItem(HWND dialog, HWND control, BOOL previous) {

@@ -55,8 +55,8 @@ INT_PTR RunDialog(const DialogTemplate& dialog, HINSTANCE instance, HWND owner, 
     const HWND top = owner != nullptr ? GetAncestor(owner, GA_ROOT) : nullptr;
     const HWND disabled = top != nullptr && IsWindowEnabled(top) ? top : nullptr;
     if (disabled != nullptr) EnableWindow(disabled, FALSE);
-    const HWND window = CreateDialogFrom(dialog, instance, top, procedure, parameter,
-                                         DialogKind::kModal, disabled);
+    const HWND window =
+        CreateDialogFrom(dialog, instance, top, procedure, parameter, DialogKind::kModal, disabled);
     if (window == nullptr) {
         if (disabled != nullptr) EnableWindow(disabled, TRUE);
         return -1;

@@ -23,9 +23,8 @@ bool AnswersDirectly(UINT message) {
 }
 
 bool EraseDialog(HWND dialog, HDC dc) {
-    const auto brush = reinterpret_cast<HBRUSH>(
-        SendMessageA(dialog, WM_CTLCOLORDLG, reinterpret_cast<WPARAM>(dc),
-                     reinterpret_cast<LPARAM>(dialog)));
+    const auto brush = reinterpret_cast<HBRUSH>(SendMessageA(
+        dialog, WM_CTLCOLORDLG, reinterpret_cast<WPARAM>(dc), reinterpret_cast<LPARAM>(dialog)));
     RECT client{};
     GetClientRect(dialog, &client);
     FillRect(dc, &client, brush != nullptr ? brush : GetSysColorBrush(COLOR_3DFACE));
@@ -104,8 +103,7 @@ using namespace winbase;
 
 LRESULT WINAPI DefDlgProcA(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) MakeDialog(dialog);
-    const auto procedure =
-        reinterpret_cast<DLGPROC>(GetWindowLongPtrA(dialog, DWLP_DLGPROC));
+    const auto procedure = reinterpret_cast<DLGPROC>(GetWindowLongPtrA(dialog, DWLP_DLGPROC));
     if (procedure != nullptr) {
         SetWindowLongPtrA(dialog, DWLP_MSGRESULT, 0);
         const INT_PTR handled = procedure(dialog, message, wParam, lParam);

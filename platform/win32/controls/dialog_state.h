@@ -11,7 +11,7 @@ struct DialogState {
     SIZE base_units{0, 0};  ///< pixels of 4 by 8 dialog units; 0 until the font is known
     int default_id = 0;     ///< of the button that Enter presses
     bool has_default_id = false;
-    HWND last_focus = nullptr;  ///< where the focus returns to with activation
+    HWND last_focus = nullptr;      ///< where the focus returns to with activation
     HWND disabled_owner = nullptr;  ///< what the end of a modal dialog enables again
     bool modal = false;
     bool ended = false;

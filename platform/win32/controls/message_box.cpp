@@ -152,8 +152,7 @@ Measures Measure(HWND dialog, const Box& box, const RECT& work) {
     const HDC dc = GetDC(dialog);
     Measures measures;
     {
-        const UseFont font(dc,
-                           reinterpret_cast<HFONT>(SendMessageA(dialog, WM_GETFONT, 0, 0)));
+        const UseFont font(dc, reinterpret_cast<HFONT>(SendMessageA(dialog, WM_GETFONT, 0, 0)));
         measures.text = TextSize(dc, box.text, work);
         measures.title_width = CaptionWidth(dc, box.title.c_str());
         measures.button_width = kButtonWidth;
@@ -219,8 +218,7 @@ INT_PTR CALLBACK BoxProcedure(HWND dialog, UINT message, WPARAM wParam, LPARAM l
         return FALSE;  // the default button has the focus already
     }
     if (message != WM_COMMAND) return FALSE;
-    const auto* const box =
-        reinterpret_cast<const Box*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    const auto* const box = reinterpret_cast<const Box*>(GetWindowLongPtrA(dialog, DWLP_USER));
     if (box == nullptr) return FALSE;
     Command(dialog, *box, LOWORD(wParam));
     return TRUE;

@@ -5,7 +5,6 @@
 
 #include "platform/win32/controls/button.h"
 #include "platform/win32/controls/calendar.h"
-#include "platform/win32/controls/calendar.h"
 #include "platform/win32/controls/combo_box.h"
 #include "platform/win32/controls/date_picker.h"
 #include "platform/win32/controls/edit_control.h"
@@ -54,8 +53,8 @@ void RegisterStandardControls() {
         {"Edit", EditControl::Procedure, CS_DBLCLKS, kPointer, IDC_IBEAM},
         {"RichEdit20A", EditControl::Procedure, CS_DBLCLKS, kPointer, IDC_IBEAM},
         {"ListBox", ListBoxControl::Procedure, CS_DBLCLKS, kPointer, IDC_ARROW},
-        {"ComboLBox", ListBoxControl::Procedure, CS_DBLCLKS | CS_SAVEBITS | CS_DROPSHADOW,
-         kPointer, IDC_ARROW},
+        {"ComboLBox", ListBoxControl::Procedure, CS_DBLCLKS | CS_SAVEBITS | CS_DROPSHADOW, kPointer,
+         IDC_ARROW},
         {"ComboBox", ComboBoxControl::Procedure, CS_DBLCLKS | kResize, kPointer, IDC_ARROW},
         {UPDOWN_CLASS, UpDownControl::Procedure, kResize, kPointer, IDC_ARROW},
         {"SysTabControl32", TabControl::Procedure, CS_DBLCLKS | kResize, kPointer, IDC_ARROW},

@@ -36,15 +36,39 @@ DialogTemplate MakeTemplate(const std::string& title) {
         {kLabel, 0, 8, 8, 48, 16, -1, "Static", "保存在(&I):", {}},
         {kLabel | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 60, 8, 216, 16, kFolderText, "Static", "", {}},
         {kStop, 0, 280, 8, 56, 16, kUpButton, "Button", "上一级(&U)", {}},
-        {WS_VISIBLE | SS_CENTER | SS_NOPREFIX, 0, 80, 80, 184, 12, kEmptyText, "Static",
-         "没有这种类型的文件", {}},
+        {WS_VISIBLE | SS_CENTER | SS_NOPREFIX,
+         0,
+         80,
+         80,
+         184,
+         12,
+         kEmptyText,
+         "Static",
+         "没有这种类型的文件",
+         {}},
         {kStop | WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS |
              LBS_NOINTEGRALHEIGHT,
-         0, 8, 28, 328, 140, kFileList, "ListBox", "", {}},
+         0,
+         8,
+         28,
+         328,
+         140,
+         kFileList,
+         "ListBox",
+         "",
+         {}},
         {kLabel, 0, 8, 176, 52, 16, -1, "Static", "文件名(&N):", {}},
         {kStop | WS_BORDER | ES_AUTOHSCROLL, 0, 60, 176, 276, 16, kNameEdit, "Edit", "", {}},
         {kLabel, 0, 8, 196, 52, 16, -1, "Static", "保存类型(&T):", {}},
-        {kStop | WS_VSCROLL | CBS_DROPDOWNLIST, 0, 60, 196, 276, 96, kTypeCombo, "ComboBox", "",
+        {kStop | WS_VSCROLL | CBS_DROPDOWNLIST,
+         0,
+         60,
+         196,
+         276,
+         96,
+         kTypeCombo,
+         "ComboBox",
+         "",
          {}},
         {kStop | BS_DEFPUSHBUTTON, 0, 220, 216, 56, 16, IDOK, "Button", "保存(&S)", {}},
         {kStop, 0, 280, 216, 56, 16, IDCANCEL, "Button", "取消", {}},
@@ -74,9 +98,8 @@ void DrawFileMark(HDC dc, int x, int y) {
 }  // namespace
 
 bool SaveFileDialog::Run(HWND owner) {
-    const INT_PTR result =
-        RunDialog(MakeTemplate(title.empty() ? "另存为" : title), nullptr, owner, Procedure,
-                  reinterpret_cast<LPARAM>(this));
+    const INT_PTR result = RunDialog(MakeTemplate(title.empty() ? "另存为" : title), nullptr, owner,
+                                     Procedure, reinterpret_cast<LPARAM>(this));
     dialog_ = nullptr;
     return result == IDOK;
 }
@@ -90,8 +113,7 @@ INT_PTR CALLBACK SaveFileDialog::Procedure(HWND dialog, UINT message, WPARAM wPa
         self->Initialise();
         return FALSE;  // the name has the focus
     }
-    auto* const self =
-        reinterpret_cast<SaveFileDialog*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    auto* const self = reinterpret_cast<SaveFileDialog*>(GetWindowLongPtrA(dialog, DWLP_USER));
     return self != nullptr ? self->Message(message, wParam, lParam) : FALSE;
 }
 
@@ -245,7 +267,8 @@ bool SaveFileDialog::MayWrite(const std::string& wanted) {
         return false;
     }
     if (!ask_overwrite || !FileExists(wanted)) return true;
-    return Ask(wanted + " 已存在。\n要替换它吗?", MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) == IDYES;
+    return Ask(wanted + " 已存在。\n要替换它吗?", MB_YESNO | MB_ICONWARNING | MB_DEFBUTTON2) ==
+           IDYES;
 }
 
 int SaveFileDialog::Ask(const std::string& text, UINT flags) {

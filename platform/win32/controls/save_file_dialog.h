@@ -9,8 +9,8 @@
 
 namespace winbase {
 
-/// The dialog in which a person picks a name and a folder for a file that is to be written. It lists
-/// real folders; nothing is created or changed on disk.
+/// The dialog in which a person picks a name and a folder for a file that is to be written. It
+/// lists real folders; nothing is created or changed on disk.
 class SaveFileDialog {
 public:
     std::string title;

@@ -63,8 +63,7 @@ void QuestionMark(HDC dc, POINT at) {
 
 void Triangle(HDC dc, POINT at, COLORREF color) {
     const UseColor use(dc, color);
-    const POINT corners[] = {
-        {at.x + 16, at.y + 2}, {at.x + 30, at.y + 28}, {at.x + 1, at.y + 28}};
+    const POINT corners[] = {{at.x + 16, at.y + 2}, {at.x + 30, at.y + 28}, {at.x + 1, at.y + 28}};
     Polygon(dc, corners, 3);
 }
 

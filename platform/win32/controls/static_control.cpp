@@ -24,7 +24,8 @@ UINT TextFormat(DWORD style) {
     constexpr UINT kLines = DT_WORDBREAK;
     if ((style & SS_NOPREFIX) != 0) format |= DT_NOPREFIX;
     if ((style & SS_CENTERIMAGE) != 0) format = (format & ~kLines) | DT_SINGLELINE | DT_VCENTER;
-    if ((style & SS_ENDELLIPSIS) != 0) format = (format & ~kLines) | DT_SINGLELINE | DT_END_ELLIPSIS;
+    if ((style & SS_ENDELLIPSIS) != 0)
+        format = (format & ~kLines) | DT_SINGLELINE | DT_END_ELLIPSIS;
     return format;
 }
 
@@ -36,9 +37,7 @@ LRESULT CALLBACK StaticControl::Procedure(HWND window, UINT message, WPARAM wPar
 
 LRESULT StaticControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_CREATE:
-            assert(Type() != SS_BITMAP && "statics show no bitmaps");
-            return 0;
+        case WM_CREATE: assert(Type() != SS_BITMAP && "statics show no bitmaps"); return 0;
         case WM_GETDLGCODE: return DLGC_STATIC;
         case WM_NCHITTEST: return Notifies() ? HTCLIENT : HTTRANSPARENT;
         case WM_ERASEBKGND: return 1;  // painted with the rest

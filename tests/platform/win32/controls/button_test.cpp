@@ -24,10 +24,10 @@ protected:
     }
 
     HWND Make(DWORD style, int id = 7, RECT rect = {10, 10, 110, 40}, const char* role = "ctl") {
-        const HWND button = CreateWindowExA(
-            0, "Button", "b", kChild | style, rect.left, rect.top, rect.right - rect.left,
-            rect.bottom - rect.top, frame_, reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(id)),
-            nullptr, nullptr);
+        const HWND button =
+            CreateWindowExA(0, "Button", "b", kChild | style, rect.left, rect.top,
+                            rect.right - rect.left, rect.bottom - rect.top, frame_,
+                            reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(id)), nullptr, nullptr);
         log_.Watch(button, role);
         return button;
     }
@@ -193,10 +193,13 @@ TEST_F(Buttons, CheckThemselvesOnlyWhenAutomatic) {
         DWORD style;
         int clicks;
         LRESULT check;
-    } kCases[] = {{"check", BS_CHECKBOX, 1, 0},      {"auto check", BS_AUTOCHECKBOX, 1, 1},
+    } kCases[] = {{"check", BS_CHECKBOX, 1, 0},
+                  {"auto check", BS_AUTOCHECKBOX, 1, 1},
                   {"auto check twice", BS_AUTOCHECKBOX, 2, 0},
-                  {"three states", BS_AUTO3STATE, 2, 2}, {"round", BS_AUTO3STATE, 3, 0},
-                  {"radio", BS_RADIOBUTTON, 1, 0},   {"auto radio", BS_AUTORADIOBUTTON, 2, 1}};
+                  {"three states", BS_AUTO3STATE, 2, 2},
+                  {"round", BS_AUTO3STATE, 3, 0},
+                  {"radio", BS_RADIOBUTTON, 1, 0},
+                  {"auto radio", BS_AUTORADIOBUTTON, 2, 1}};
     for (const auto& one : kCases) {
         SCOPED_TRACE(one.what);
         Use(one.style);
@@ -315,7 +318,11 @@ TEST_F(Buttons, OwnerDrawnOnesAskForEveryChange) {
         {"invalidate", [&] { InvalidateRect(ctl_, nullptr, TRUE); }, "1/00 "},
         {"move over it", [&] { MovePointer(Middle()); }, ""},
         {"press", [] { Press(); }, "4/10 2/11 "},
-        {"move off", [] { MovePointer({800, 700}); }, "2/10 "},
+        {"move off",
+         [] {
+             MovePointer({800, 700});
+         },
+         "2/10 "},
         {"move back", [&] { MovePointer(Middle()); }, "2/11 "},
         {"release", [] { Release(); }, "2/10 "},
         {"space", [] { platform::testing::Key(VK_SPACE); }, "2/11 2/10 "},
@@ -324,9 +331,19 @@ TEST_F(Buttons, OwnerDrawnOnesAskForEveryChange) {
         {"disable", [&] { EnableWindow(ctl_, FALSE); }, "4/04 1/04 1/04 "},
         {"enable", [&] { EnableWindow(ctl_, TRUE); }, "1/00 "},
         {"text", [&] { SetWindowTextA(ctl_, "c"); }, "1/00 "},
-        {"state", [&] { Send(BM_SETSTATE, 1); Send(BM_SETSTATE, 0); }, "2/01 2/00 "},
+        {"state",
+         [&] {
+             Send(BM_SETSTATE, 1);
+             Send(BM_SETSTATE, 0);
+         },
+         "2/01 2/00 "},
         {"style", [&] { SendMessageA(ctl_, BM_SETSTYLE, BS_OWNERDRAW, TRUE); }, "1/00 "},
-        {"hidden", [&] { ShowWindow(ctl_, SW_HIDE); SetWindowTextA(ctl_, "d"); }, ""},
+        {"hidden",
+         [&] {
+             ShowWindow(ctl_, SW_HIDE);
+             SetWindowTextA(ctl_, "d");
+         },
+         ""},
     };
     for (const auto& step : kSteps) {
         SCOPED_TRACE(step.what);

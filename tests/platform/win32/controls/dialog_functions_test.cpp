@@ -49,8 +49,8 @@ TEST_F(DialogFunctions, NextTabItemGoesRound) {
         int from;
         BOOL previous;
         int expected;
-    } kCases[] = {{0, FALSE, 100},  {100, FALSE, 101}, {100, TRUE, 102},
-                  {102, FALSE, 100}, {IDOK, TRUE, 101}};
+    } kCases[] = {
+        {0, FALSE, 100}, {100, FALSE, 101}, {100, TRUE, 102}, {102, FALSE, 100}, {IDOK, TRUE, 101}};
     for (const auto& one : kCases) {
         const HWND from = one.from != 0 ? Item(one.from) : nullptr;
         EXPECT_EQ(Item(one.expected), GetNextDlgTabItem(dialog_, from, one.previous))

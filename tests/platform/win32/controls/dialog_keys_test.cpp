@@ -36,8 +36,8 @@ protected:
 
     /// The default id, the focus and the buttons that are drawn as the default.
     std::string State() {
-        std::string text = "def " + std::to_string(LOWORD(
-                               SendMessageA(script_.window, DM_GETDEFID, 0, 0)));
+        std::string text =
+            "def " + std::to_string(LOWORD(SendMessageA(script_.window, DM_GETDEFID, 0, 0)));
         text += " focus " + Focus() + " drawn";
         for (const int id : {1, 2, 102}) {
             const LONG style = GetWindowLongA(Item(id), GWL_STYLE);
@@ -251,9 +251,12 @@ TEST_F(DialogKeys, ArrowsChooseAmongRadioButtons) {
         const char* clicks;
         const char* state;
     } kSteps[] = {
-        {VK_DOWN, "111, code 0, c111", "c111 010"}, {VK_DOWN, "112, code 0, c112", "c112 001"},
-        {VK_DOWN, "110, code 0, c110", "c110 100"}, {VK_UP, "112, code 0, c112", "c112 001"},
-        {VK_TAB, "", "ok 001"},                     {VK_TAB, "", "c112 001"},
+        {VK_DOWN, "111, code 0, c111", "c111 010"},
+        {VK_DOWN, "112, code 0, c112", "c112 001"},
+        {VK_DOWN, "110, code 0, c110", "c110 100"},
+        {VK_UP, "112, code 0, c112", "c112 001"},
+        {VK_TAB, "", "ok 001"},
+        {VK_TAB, "", "c112 001"},
     };
     log_.Take();
     int step = 0;
@@ -290,9 +293,9 @@ protected:
         Show(Template(kTestDialogStyle,
                       {{"Edit", 100, "", kStop, 10, 10, 40, 12},
                        {"Button", IDOK, "ok", kStop | BS_DEFPUSHBUTTON, 10, 80, 40, 14}}));
-        const Template inside(WS_CHILD | WS_VISIBLE | DS_SETFONT | page_style,
-                              {{"Edit", 105, "", kStop, 0, 0, 40, 12},
-                               {"Edit", 106, "", kStop, 0, 20, 40, 12}});
+        const Template inside(
+            WS_CHILD | WS_VISIBLE | DS_SETFONT | page_style,
+            {{"Edit", 105, "", kStop, 0, 0, 40, 12}, {"Edit", 106, "", kStop, 0, 20, 40, 12}});
         page_.log = &log_;
         page_.role = "page";
         CreateDialogIndirectParamA(nullptr, inside.Get(), script_.window, ScriptProcedure,

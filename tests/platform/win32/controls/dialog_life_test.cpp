@@ -70,9 +70,9 @@ TEST_F(ModalDialog, BlocksItsOwnerAndGivesActivationBack) {
         EndByCommand(dialog);
     };
     EXPECT_EQ(50, Run());
-    EXPECT_EQ(Join({kBlock, kEnter, Fetched("dialog WM_COMMAND(777, code 0, null)", kLeave),
-                    kDestroyed}),
-              log_.Take());
+    EXPECT_EQ(
+        Join({kBlock, kEnter, Fetched("dialog WM_COMMAND(777, code 0, null)", kLeave), kDestroyed}),
+        log_.Take());
     EXPECT_EQ(frame_, GetActiveWindow());
     EXPECT_TRUE(IsWindowEnabled(frame_));
     EXPECT_FALSE(IsWindow(script_.window));
@@ -95,8 +95,7 @@ TEST_F(ModalDialog, GivesTheFirstFocusWhereInitialisationLeavesIt) {
         {"without any the dialog hands it on", false, [] {},
          "frame WM_KILLFOCUS(null); dialog WM_SETFOCUS(null) [dialog WM_KILLFOCUS(c100); "
          "c100 WM_SETFOCUS(dialog)]"},
-        {"a disabled first control is passed over", true,
-         [&] { EnableWindow(Item(100), FALSE); },
+        {"a disabled first control is passed over", true, [&] { EnableWindow(Item(100), FALSE); },
          "frame WM_KILLFOCUS(null); c101 WM_SETFOCUS(null)"},
         {"a hidden one as well", true, [&] { ShowWindow(Item(100), SW_HIDE); },
          "frame WM_KILLFOCUS(null); c101 WM_SETFOCUS(null)"},
@@ -307,8 +306,7 @@ TEST_F(ModalDialog, RefusesOwnersAndDialogsThatAreNone) {
 }
 
 TEST_F(ModalDialog, FailsWithAControlOfNoClass) {
-    const Template unknown(kTestDialogStyle,
-                           {{"NoSuchClass", 100, "", WS_VISIBLE, 0, 0, 20, 20}});
+    const Template unknown(kTestDialogStyle, {{"NoSuchClass", 100, "", WS_VISIBLE, 0, 0, 20, 20}});
     EXPECT_EQ(-1, DialogBoxIndirectParamA(nullptr, unknown.Get(), frame_, ScriptProcedure,
                                           script_.Parameter()));
     EXPECT_TRUE(IsWindowEnabled(frame_));

@@ -112,16 +112,20 @@ TEST_F(MessageBoxes, AnswerAsTheirButtonsSay) {
         {"ok, close", MB_OK, {Answer::kClose, 0}, "1确定* ", IDOK},
         {"ok cancel, Enter", MB_OKCANCEL, {Answer::kKey, VK_RETURN}, "1确定* 2取消 ", IDOK},
         {"ok cancel, Escape", MB_OKCANCEL, {Answer::kKey, VK_ESCAPE}, "1确定* 2取消 ", IDCANCEL},
-        {"ok cancel, second", MB_OKCANCEL | MB_DEFBUTTON2, {Answer::kKey, VK_RETURN},
-         "1确定 2取消* ", IDCANCEL},
-        {"ok cancel, pressed", MB_OKCANCEL, {Answer::kButton, IDCANCEL}, "1确定* 2取消 ",
+        {"ok cancel, second",
+         MB_OKCANCEL | MB_DEFBUTTON2,
+         {Answer::kKey, VK_RETURN},
+         "1确定 2取消* ",
          IDCANCEL},
-        {"yes no cancel, close", MB_YESNOCANCEL, {Answer::kClose, 0},
-         "6是(&Y)* 7否(&N) 2取消 ", IDCANCEL},
+        {"ok cancel, pressed", MB_OKCANCEL, {Answer::kButton, IDCANCEL}, "1确定* 2取消 ", IDCANCEL},
+        {"yes no cancel, close",
+         MB_YESNOCANCEL,
+         {Answer::kClose, 0},
+         "6是(&Y)* 7否(&N) 2取消 ",
+         IDCANCEL},
         {"yes no, Enter", MB_YESNO, {Answer::kKey, VK_RETURN}, "6是(&Y)* 7否(&N) ", IDYES},
         {"yes no, letter", MB_YESNO, {Answer::kKey, 'N'}, "6是(&Y)* 7否(&N) ", IDNO},
-        {"retry, Escape", MB_RETRYCANCEL, {Answer::kKey, VK_ESCAPE}, "4重试(&R)* 2取消 ",
-         IDCANCEL},
+        {"retry, Escape", MB_RETRYCANCEL, {Answer::kKey, VK_ESCAPE}, "4重试(&R)* 2取消 ", IDCANCEL},
         {"ended from outside", MB_OKCANCEL, {Answer::kEnd, 77}, "1确定* 2取消 ", 77},
     };
     for (const auto& one : kCases) {
@@ -196,7 +200,8 @@ TEST_F(MessageBoxes, TextAndButtonsFitInside) {
     } kCases[] = {{"empty", ""},
                   {"short", "内容"},
                   {"long line", std::string(400, 'w')},
-                  {"words", [] {
+                  {"words",
+                   [] {
                        std::string words;
                        for (int i = 0; i < 120; ++i) words += "some words ";
                        return words;

@@ -15,9 +15,9 @@ protected:
 
     void Use(DWORD style) {
         if (ctl_ != nullptr) DestroyWindow(ctl_);
-        ctl_ = CreateWindowExA(0, "Static", "s", WS_CHILD | WS_VISIBLE | style, 10, 10, 80, 30,
-                               frame_, reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(7)), nullptr,
-                               nullptr);
+        ctl_ =
+            CreateWindowExA(0, "Static", "s", WS_CHILD | WS_VISIBLE | style, 10, 10, 80, 30, frame_,
+                            reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(7)), nullptr, nullptr);
         log_.Name(ctl_, "ctl");
         PumpQueue();
         log_.Only({WM_CTLCOLORSTATIC, WM_DRAWITEM, WM_COMMAND});
@@ -72,11 +72,11 @@ TEST_F(Statics, TellClicksAndEnablingOnlyWhenAsked) {
 
 TEST_F(Statics, OwnerDrawnOnesAskTheirParent) {
     static DRAWITEMSTRUCT drawn;
-    log_.SetHandler([](MessageLog&, const std::string&, UINT message, WPARAM, LPARAM lParam,
-                       LRESULT&) {
-        if (message == WM_DRAWITEM) drawn = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
-        return false;
-    });
+    log_.SetHandler(
+        [](MessageLog&, const std::string&, UINT message, WPARAM, LPARAM lParam, LRESULT&) {
+            if (message == WM_DRAWITEM) drawn = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+            return false;
+        });
     Use(SS_OWNERDRAW);
     const struct {
         const char* what;

@@ -72,8 +72,7 @@ INT_PTR CALLBACK ScriptProcedure(HWND dialog, UINT message, WPARAM wParam, LPARA
         if (script->on_init) script->on_init(dialog);
         return script->init_answer ? TRUE : FALSE;
     }
-    auto* const script =
-        reinterpret_cast<DialogScript*>(GetWindowLongPtrA(dialog, DWLP_USER));
+    auto* const script = reinterpret_cast<DialogScript*>(GetWindowLongPtrA(dialog, DWLP_USER));
     if (script == nullptr || message != WM_COMMAND) return FALSE;
     const int id = LOWORD(wParam);
     if (script->on_command && script->on_command(dialog, id)) return TRUE;

@@ -32,7 +32,8 @@ private:
     std::vector<WORD> words_;
 };
 
-inline constexpr DWORD kTestDialogStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT;
+inline constexpr DWORD kTestDialogStyle =
+    WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT;
 
 /// Edits 100 and 101, buttons 1 (default), 2 and 102.
 Template PlainTemplate();

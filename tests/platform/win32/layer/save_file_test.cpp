@@ -38,9 +38,7 @@ std::string Rows() {
     return rows;
 }
 
-void PressItem(int id) {
-    PostMessageA(GetDlgItem(GetActiveWindow(), id), BM_CLICK, 0, 0);
-}
+void PressItem(int id) { PostMessageA(GetDlgItem(GetActiveWindow(), id), BM_CLICK, 0, 0); }
 
 void PressKey(BYTE key) {
     keybd_event(key, 0, 0, 0);
@@ -123,9 +121,12 @@ TEST_F(SaveFile, NamesAreCompletedAsTyped) {
         const char* typed;
         const char* expected;
         bool differs;
-    } kCases[] = {{"a", "a.csv", false},        {"a.txt", "a.txt", true},
-                  {"a.", "a", true},            {" \"a b\" ", "a b.csv", false},
-                  {"数据/x", "数据\\x.csv", false}, {".\\数据\\..\\y", "y.csv", false}};
+    } kCases[] = {{"a", "a.csv", false},
+                  {"a.txt", "a.txt", true},
+                  {"a.", "a", true},
+                  {" \"a b\" ", "a b.csv", false},
+                  {"数据/x", "数据\\x.csv", false},
+                  {".\\数据\\..\\y", "y.csv", false}};
     for (const auto& one : kCases) {
         SCOPED_TRACE(testing_support::Readable(one.typed));
         parameters_.Flags |= OFN_NOCHANGEDIR;
