@@ -280,7 +280,8 @@ BOOL WINAPI AlphaBlend(HDC target, int x, int y, int width, int height, HDC sour
     const bool has_alpha = (blend.AlphaFormat & AC_SRC_ALPHA) != 0;
     const unsigned constant = blend.SourceConstantAlpha;
     Stretch(*request, [has_alpha, constant](Pixel under, const Pixel* pixel) {
-        const Pixel over = has_alpha ? *pixel : *pixel | 0xFF000000;
+        const Pixel color = pixel ? *pixel : 0;
+        const Pixel over = has_alpha ? color : color | 0xFF000000;
         return BlendOver(under, ScaledBy(over, constant));
     });
     return TRUE;
