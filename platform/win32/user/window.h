@@ -127,6 +127,14 @@ std::uint64_t LayoutEpoch();
 /// Stops the program in debug builds when called off the user interface thread.
 void AssertUiThread();
 bool IsUiThread();
+/// The thread's id as GetCurrentThreadId tells it, 0 while there is none. From any thread.
+DWORD UiThreadId();
+
+// ---- defaults behind DefWindowProcA (window_text.cpp, paint.cpp) ----
+
+LRESULT DefaultSetText(Window* window, const char* text);
+LRESULT DefaultGetText(const Window* window, char* text, std::size_t size);
+LRESULT DefaultSetRedraw(Window* window, bool on);
 
 // ---- activation and focus (focus.cpp) ----
 
@@ -139,7 +147,8 @@ void LeaveWindow(Window* window);
 // ---- painting (paint.cpp, window_dc.cpp) ----
 
 /// The next window, in the order in which it is to be painted, that wants WM_PAINT; null if none.
-Window* NextPaintWindow();
+/// With `within`: of this window and its descendants.
+Window* NextPaintWindow(const Window* within = nullptr);
 /// Sends WM_NCPAINT and WM_ERASEBKGND for what is due in the window.
 void EraseNow(Window* window);
 /// Marks a rectangle of the window's frame and client area (window coordinates).
@@ -149,6 +158,11 @@ void InvalidateWindow(Window* window, const Region& region, UINT redraw_flags);
 
 /// Where the desktop is shown; null when the layer is headless.
 present::Screen* CurrentScreen();
+/// Shows what was drawn once a frame is due. Milliseconds until the next one, -1 for none.
+int PresentFrame();
+/// The window that shows the desktop has another size (logical pixels), or lost its picture.
+void DesktopResized(int width, int height);
+void DesktopExposed();
 
 // ---- frame (nonclient.cpp, scroll_bar.cpp) ----
 
@@ -159,6 +173,12 @@ int HitTestFrame(const Window* window, POINT screen);
 LRESULT TrackScrollBar(Window* window, int bar, POINT screen);
 /// Sends WM_NCCALCSIZE after a frame style changed and repaints.
 void FrameChanged(Window* window);
+/// What WM_GETMINMAXINFO makes of the system's limits for a top-level window.
+MINMAXINFO AskLimits(Window* window);
+/// In WINDOWPOS::flags of WM_WINDOWPOSCHANGED: the client area kept its place on the parent, its
+/// size; DefWindowProcA sends WM_MOVE and WM_SIZE unless they are set.
+constexpr UINT kNoClientSize = 0x0800;
+constexpr UINT kNoClientMove = 0x1000;
 
 // ---- queue, timers, input (queue.cpp, timer.cpp, input.cpp) ----
 
@@ -173,5 +193,7 @@ void RefreshPointer();
 void CallOnUiThread(const std::function<void()>& call);
 /// Wakes a waiting loop, from any thread.
 void WakeQueue();
+/// Calls the newest hook of a kind (WH_...), which calls the others. 0 without hooks.
+LRESULT CallHooks(int kind, int code, WPARAM wParam, LPARAM lParam);
 
 }  // namespace winbase
