@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
@@ -49,7 +50,8 @@ bool IsValidTime(const SYSTEMTIME& time) {
 }
 
 void AddMonths(SYSTEMTIME& time, int months) {
-    const int count = std::clamp(time.wYear * 12 + time.wMonth - 1 + months, 1601 * 12, 9999 * 12 + 11);
+    const int count =
+        std::clamp(time.wYear * 12 + time.wMonth - 1 + months, 1601 * 12, 9999 * 12 + 11);
     time.wYear = static_cast<WORD>(count / 12);
     time.wMonth = static_cast<WORD>(count % 12 + 1);
     time.wDay = static_cast<WORD>(std::min<int>(time.wDay, DaysInMonth(time.wYear, time.wMonth)));
@@ -83,29 +85,24 @@ SIZE Calendar::WindowSize() {
 }
 
 LRESULT CALLBACK Calendar::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* const created = new Calendar(window);
-        const auto& create = *reinterpret_cast<const CREATESTRUCTA*>(lParam);
-        const auto& setup = *static_cast<const Setup*>(create.lpCreateParams);
-        created->picker_ = setup.picker;
-        created->font_ = setup.font;
-        created->chosen_ = created->shown_ = setup.day;
-        GetLocalTime(&created->today_);
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    auto* const control = reinterpret_cast<Calendar*>(GetWindowLongPtrA(window, 0));
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+    return HostControl<Calendar>(window, message, wParam, lParam);
+}
+
+void Calendar::Create(const Setup& setup) {
+    picker_ = setup.picker;
+    font_ = setup.font;
+    chosen_ = shown_ = setup.day;
+    GetLocalTime(&today_);
 }
 
 LRESULT Calendar::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_CREATE: {
+            const auto& create = *reinterpret_cast<const CREATESTRUCTA*>(lParam);
+            if (create.lpCreateParams == nullptr) return -1;  // a picker's alone
+            Create(*static_cast<const Setup*>(create.lpCreateParams));
+            return 0;
+        }
         case WM_PAINT: Paint(); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_MOUSEACTIVATE: return MA_NOACTIVATE;

@@ -32,6 +32,8 @@ public:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     static SIZE WindowSize();
 
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+
     struct Setup {
         HWND picker = nullptr;
         SYSTEMTIME day{};
@@ -39,7 +41,7 @@ public:
     };
 
 private:
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+    void Create(const Setup& setup);
     void Turn(int months);
     void Press(POINT point);
     RECT DayRect(int place) const;  ///< 0 to 41, six weeks from Monday

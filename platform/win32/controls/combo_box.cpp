@@ -1,42 +1,30 @@
 #include "platform/win32/controls/combo_box.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
 namespace {
 
-constexpr int kFieldPadding = 8;   // what the field adds to the height of its text
-constexpr int kFrame = 2;          // border and the gap inside it
+constexpr int kFieldPadding = 8;  // what the field adds to the height of its text
+constexpr int kFrame = 2;         // border and the gap inside it
 constexpr int kArrowWidth = 20;
-
-ComboBoxControl* ControlOf(HWND window) {
-    return reinterpret_cast<ComboBoxControl*>(GetWindowLongPtrA(window, 0));
-}
 
 }  // namespace
 
 LRESULT CALLBACK ComboBoxControl::Procedure(HWND window, UINT message, WPARAM wParam,
                                             LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(new ComboBoxControl(window)));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    ComboBoxControl* const control = ControlOf(window);
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+    return HostControl<ComboBoxControl>(window, message, wParam, lParam);
 }
 
 LRESULT ComboBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
-    if (list_ == nullptr && message != WM_CREATE) return DefWindowProcA(window_, message, wParam, lParam);
+    if (list_ == nullptr && message != WM_CREATE)
+        return DefWindowProcA(window_, message, wParam, lParam);
     switch (message) {
         case WM_CREATE: return Create(*reinterpret_cast<const CREATESTRUCTA*>(lParam)) ? 0 : -1;
         case WM_DESTROY: {
@@ -47,7 +35,10 @@ LRESULT ComboBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         }
         case WM_WINDOWPOSCHANGING: ChangePosition(*reinterpret_cast<WINDOWPOS*>(lParam)); return 0;
-        case WM_SIZE: Layout(); InvalidateRect(window_, nullptr, TRUE); return 0;
+        case WM_SIZE:
+            Layout();
+            InvalidateRect(window_, nullptr, TRUE);
+            return 0;
         case WM_SETFONT: SetFont(reinterpret_cast<HFONT>(wParam), LOWORD(lParam) != 0); return 0;
         case WM_GETFONT: return reinterpret_cast<LRESULT>(font_);
         case WM_PAINT: Paint(); return 0;
@@ -71,7 +62,8 @@ LRESULT ComboBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         default: break;
     }
-    if (message >= CB_GETEDITSEL && message <= CB_SETDROPPEDWIDTH) return ItemMessage(message, wParam, lParam);
+    if (message >= CB_GETEDITSEL && message <= CB_SETDROPPEDWIDTH)
+        return ItemMessage(message, wParam, lParam);
     return InputMessage(message, wParam, lParam);
 }
 
@@ -124,7 +116,8 @@ LRESULT ComboBoxControl::FieldMessage(UINT message, WPARAM wParam, LPARAM lParam
             return TRUE;
         }
         case CB_GETITEMHEIGHT:
-            return static_cast<LONG>(wParam) == -1 ? FieldHeight() - 2 * kFrame : List(LB_GETITEMHEIGHT);
+            return static_cast<LONG>(wParam) == -1 ? FieldHeight() - 2 * kFrame
+                                                   : List(LB_GETITEMHEIGHT);
         case CB_SETITEMHEIGHT:
             if (lParam <= 0 || lParam > 255) return CB_ERR;
             if (static_cast<LONG>(wParam) != -1) return List(LB_SETITEMHEIGHT, 0, lParam);
@@ -139,11 +132,14 @@ LRESULT ComboBoxControl::FieldMessage(UINT message, WPARAM wParam, LPARAM lParam
 
 bool ComboBoxControl::Create(const CREATESTRUCTA& create) {
     const auto style = static_cast<DWORD>(create.style);
+    assert((style & CBS_OWNERDRAWFIXED) == 0 && (style & 3) >= CBS_DROPDOWN &&
+           "combo boxes drop down and draw themselves");
     dropped_height_ = create.cy;
     const DWORD sort = (style & CBS_SORT) != 0 ? LBS_SORT : 0;
-    list_ = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, "ComboLBox", "",
-                            WS_POPUP | WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | sort,
-                            0, 0, create.cx, 1, window_, nullptr, create.hInstance, window_);
+    list_ = CreateWindowExA(
+        WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, "ComboLBox", "",
+        WS_POPUP | WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT | sort, 0, 0,
+        create.cx, 1, window_, nullptr, create.hInstance, window_);
     if (list_ == nullptr) return false;
     SetWindowLongPtrA(list_, GWLP_ID, kComboListId);
     if ((style & 3) == CBS_DROPDOWN) {
@@ -152,8 +148,8 @@ bool ComboBoxControl::Create(const CREATESTRUCTA& create) {
                                 reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(kComboEditId)),
                                 create.hInstance, nullptr);
         if (edit_ == nullptr) return false;
-        edit_procedure_ = reinterpret_cast<WNDPROC>(SetWindowLongPtrA(
-            edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditProcedure)));
+        edit_procedure_ = reinterpret_cast<WNDPROC>(
+            SetWindowLongPtrA(edit_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(EditProcedure)));
         if ((style & WS_DISABLED) != 0) EnableWindow(edit_, FALSE);
     }
     Layout();
@@ -296,7 +292,7 @@ void ComboBoxControl::EditCommand(int code) {
             Tell(CBN_EDITCHANGE);
             return;
         case EN_SETFOCUS: GainFocus(); return;
-        case EN_KILLFOCUS: LoseFocus(GetFocus()); return;
+        case EN_KILLFOCUS: LoseFocus(next_focus_); return;
         default: return;
     }
 }

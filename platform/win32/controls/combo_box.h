@@ -24,8 +24,9 @@ public:
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-private:
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+
+private:
     LRESULT ItemMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT FieldMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT InputMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -60,6 +61,7 @@ private:
     enum class Ending { kPicked, kCancelled };
     void Close(Ending ending);
     void PlaceList();
+    int ShownRows() const;  ///< of the open list: whole ones only, and no more than there are
     void Pick();
 
     bool Key(WPARAM key);  ///< true when the combo used it
@@ -74,6 +76,7 @@ private:
     HWND window_;
     HWND list_ = nullptr;
     HWND edit_ = nullptr;
+    HWND next_focus_ = nullptr;  ///< where the edit's focus goes
     WNDPROC edit_procedure_ = nullptr;
     HFONT font_ = nullptr;
     int dropped_height_ = 0;

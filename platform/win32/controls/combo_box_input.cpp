@@ -4,6 +4,7 @@
 
 #include "platform/win32/controls/combo_box.h"
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
@@ -72,7 +73,7 @@ LRESULT ComboBoxControl::InputMessage(UINT message, WPARAM wParam, LPARAM lParam
 LRESULT CALLBACK ComboBoxControl::EditProcedure(HWND window, UINT message, WPARAM wParam,
                                                 LPARAM lParam) {
     const HWND combo = GetParent(window);
-    auto* const control = reinterpret_cast<ComboBoxControl*>(GetWindowLongPtrA(combo, 0));
+    const auto control = HostedControl<ComboBoxControl>(combo);
     if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
     const WNDPROC next = control->edit_procedure_;
     switch (message) {
@@ -84,6 +85,7 @@ LRESULT CALLBACK ComboBoxControl::EditProcedure(HWND window, UINT message, WPARA
             // The list took these keys.
             if (control->open_ && (wParam == VK_RETURN || wParam == VK_ESCAPE)) return 0;
             break;
+        case WM_KILLFOCUS: control->next_focus_ = reinterpret_cast<HWND>(wParam); break;
         case WM_GETDLGCODE:
             return CallWindowProcA(next, window, message, wParam, lParam) |
                    (SendMessageA(combo, WM_GETDLGCODE, wParam, lParam) & DLGC_WANTMESSAGE);
@@ -108,17 +110,20 @@ void ComboBoxControl::Open() {
 void ComboBoxControl::PlaceList() {
     RECT field{};
     GetWindowRect(window_, &field);
-    const auto row = static_cast<int>(List(LB_GETITEMHEIGHT));
-    const auto rows = static_cast<int>(List(LB_GETCOUNT));
-    int room = dropped_height_ - (field.bottom - field.top) - kListFrame;
-    if (room < row) room = kUsualRows * row;
-    // Whole rows only, and no more than there are.
-    const int shown = std::clamp(rows, 1, std::max(room / row, 1));
-    const int height = shown * row + kListFrame;
+    const int height = ShownRows() * static_cast<int>(List(LB_GETITEMHEIGHT)) + kListFrame;
     const int width = std::max<int>(dropped_width_, field.right - field.left);
     int top = field.bottom;
-    if (top + height > GetSystemMetrics(SM_CYSCREEN) && field.top - height >= 0) top = field.top - height;
+    if (top + height > GetSystemMetrics(SM_CYSCREEN) && field.top - height >= 0)
+        top = field.top - height;
     SetWindowPos(list_, nullptr, field.left, top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+int ComboBoxControl::ShownRows() const {
+    const auto row = static_cast<int>(List(LB_GETITEMHEIGHT));
+    const auto rows = static_cast<int>(List(LB_GETCOUNT));
+    int room = dropped_height_ - FieldHeight() - kListFrame;
+    if (room < row) room = kUsualRows * row;
+    return std::clamp(rows, 1, std::max(room / row, 1));
 }
 
 void ComboBoxControl::Close(Ending ending) {
@@ -159,9 +164,7 @@ bool ComboBoxControl::Key(WPARAM key) {
     if (!IsListKey(key) && (HasEdit() || (key != VK_HOME && key != VK_END))) return false;
     const auto count = static_cast<int>(List(LB_GETCOUNT));
     if (count == 0) return true;
-    RECT client{};
-    GetClientRect(list_, &client);
-    const int page = std::max(static_cast<int>(client.bottom / List(LB_GETITEMHEIGHT)) - 1, 1);
+    const int page = std::max(ShownRows() - 1, 1);
     int target = Current();
     switch (key) {
         case VK_UP: --target; break;
@@ -175,7 +178,8 @@ bool ComboBoxControl::Key(WPARAM key) {
         // The first key behind typed text looks for the row that it begins.
         char typed[256] = "";
         GetWindowTextA(edit_, typed, sizeof typed);
-        const LRESULT found = List(LB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(typed));
+        const LRESULT found =
+            List(LB_FINDSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(typed));
         if (found >= 0) target = static_cast<int>(found);
     }
     MoveTo(std::clamp(target, 0, count - 1));
@@ -192,7 +196,8 @@ void ComboBoxControl::MoveTo(int index) {
 void ComboBoxControl::Character(unsigned char byte) {
     if (byte <= ' ') return;
     const char text[2] = {static_cast<char>(byte), '\0'};
-    const LRESULT found = List(LB_FINDSTRING, static_cast<WPARAM>(Current()), reinterpret_cast<LPARAM>(text));
+    const LRESULT found =
+        List(LB_FINDSTRING, static_cast<WPARAM>(Current()), reinterpret_cast<LPARAM>(text));
     if (found >= 0) MoveTo(static_cast<int>(found));
 }
 
@@ -224,11 +229,11 @@ void ComboBoxControl::Paint() {
     GetClientRect(window_, &client);
     const bool enabled = IsWindowEnabled(window_) != 0;
     const bool active = enabled && (focused_ || open_);
-    DrawBox(dc, client, active ? look::kAccent : look::kLine, enabled ? look::kPaper : look::kGround,
-            look::kGround);
+    DrawBox(dc, client, active ? look::kAccent : look::kLine,
+            enabled ? look::kPaper : look::kGround, look::kGround);
     DrawChevron(dc, ArrowRect(), open_ ? Direction::kUp : Direction::kDown,
                 enabled ? look::kSecondary : look::kDisabled);
-    if (!HasEdit()) PaintField(dc, FieldRect());
+    PaintField(dc, FieldRect());
     EndPaint(window_, &paint);
 }
 
@@ -237,6 +242,7 @@ void ComboBoxControl::PaintField(HDC dc, const RECT& field) {
     const bool enabled = IsWindowEnabled(window_) != 0;
     const HBRUSH brush = AskColors(window_, dc, enabled ? WM_CTLCOLOREDIT : WM_CTLCOLORSTATIC);
     FillRect(dc, &field, brush);
+    if (HasEdit()) return;
     SetBkMode(dc, TRANSPARENT);
     if (!enabled) SetTextColor(dc, look::kDisabled);
     RECT text = field;

@@ -51,6 +51,26 @@ void DrawBox(HDC dc, const RECT& box, COLORREF border, COLORREF fill, COLORREF o
     }
 }
 
+void PaintInputFrame(HWND control, bool focused, HBRUSH inside) {
+    const HDC dc = GetWindowDC(control);
+    if (dc == nullptr) return;
+    RECT frame{};
+    RECT client{};
+    GetWindowRect(control, &frame);
+    GetClientRect(control, &client);
+    MapWindowPoints(control, nullptr, reinterpret_cast<POINT*>(&client), 2);
+    const int rings = client.left - frame.left;
+    OffsetRect(&frame, -frame.left, -frame.top);
+    const HBRUSH line = CreateSolidBrush(focused ? look::kAccent : look::kLine);
+    const HBRUSH paper = inside != nullptr ? inside : GetSysColorBrush(COLOR_WINDOW);
+    for (int ring = 0; ring < rings; ++ring) {
+        FrameRect(dc, &frame, ring == 0 ? line : paper);
+        InflateRect(&frame, -1, -1);
+    }
+    DeleteObject(line);
+    ReleaseDC(control, dc);
+}
+
 void DrawFocusRing(HDC dc, const RECT& box) {
     const HBRUSH brush = CreateSolidBrush(look::kAccent);
     FrameRect(dc, &box, brush);

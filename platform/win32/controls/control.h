@@ -37,6 +37,9 @@ enum class Direction { kUp, kDown, kLeft, kRight };
 void DrawChevron(HDC dc, const RECT& box, Direction direction, COLORREF color);
 
 void FillColor(HDC dc, const RECT& rect, COLORREF color);
+/// Over the frame of an input or list with a border: one line, in the accent while it has the focus,
+/// and `inside` (null: paper) where the frame is wider.
+void PaintInputFrame(HWND control, bool focused, HBRUSH inside);
 
 /// Selects a font (null: leaves the context's) and puts the old one back.
 class UseFont {

@@ -3,11 +3,13 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cassert>
 #include <cstdio>
 #include <cstdlib>
 
 #include "platform/win32/controls/calendar.h"
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
@@ -24,20 +26,7 @@ POINT PointFrom(LPARAM lParam) {
 
 LRESULT CALLBACK DatePickerControl::Procedure(HWND window, UINT message, WPARAM wParam,
                                               LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* const created = new DatePickerControl(window);
-        GetLocalTime(&created->time_);
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    auto* const control = reinterpret_cast<DatePickerControl*>(GetWindowLongPtrA(window, 0));
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+    return HostControl<DatePickerControl>(window, message, wParam, lParam);
 }
 
 LRESULT DatePickerControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
@@ -45,6 +34,10 @@ LRESULT DatePickerControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case DTM_GETSYSTEMTIME: return GetTime(reinterpret_cast<SYSTEMTIME*>(lParam));
         case DTM_SETSYSTEMTIME: return SetTime(wParam, reinterpret_cast<const SYSTEMTIME*>(lParam));
         case DTM_SETRANGE: return SetRange(wParam, reinterpret_cast<const SYSTEMTIME*>(lParam));
+        case WM_CREATE:
+            assert((GetWindowLongA(window_, GWL_STYLE) & 0xFFFF & ~DTS_SHOWNONE) == 0 &&
+                   "a date picker shows days in one format");
+            return 0;
         case WM_PAINT: Paint(); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_SETFONT:
@@ -123,7 +116,8 @@ LRESULT DatePickerControl::SetTime(WPARAM kind, const SYSTEMTIME* time) {
         if (!MayBeNone()) return FALSE;
         none_ = true;
     } else {
-        if (kind != GDT_VALID || time == nullptr || !IsValidTime(*time) || !InRange(*time)) return FALSE;
+        if (kind != GDT_VALID || time == nullptr || !IsValidTime(*time) || !InRange(*time))
+            return FALSE;
         time_ = *time;
         time_.wDayOfWeek = static_cast<WORD>(WeekdayOf(time_.wYear, time_.wMonth, time_.wDay));
         none_ = false;
@@ -185,12 +179,15 @@ void DatePickerControl::FinishTyping() {
     typed_.clear();
     SYSTEMTIME time = time_;
     switch (field_) {
-        case Field::kYear: time.wYear = static_cast<WORD>(value < 100 ? 2000 + value : value); break;
+        case Field::kYear:
+            time.wYear = static_cast<WORD>(value < 100 ? 2000 + value : value);
+            break;
         case Field::kMonth: time.wMonth = static_cast<WORD>(value); break;
         case Field::kDay: time.wDay = static_cast<WORD>(value); break;
     }
     if (time.wYear >= 1601 && time.wMonth >= 1 && time.wMonth <= 12 && field_ != Field::kDay) {
-        time.wDay = static_cast<WORD>(std::min<int>(time.wDay, DaysInMonth(time.wYear, time.wMonth)));
+        time.wDay =
+            static_cast<WORD>(std::min<int>(time.wDay, DaysInMonth(time.wYear, time.wMonth)));
     }
     InvalidateRect(window_, nullptr, TRUE);
     if (IsValidTime(time)) Change(time);
@@ -219,7 +216,8 @@ void DatePickerControl::Change(const SYSTEMTIME& time) {
     change.nmhdr.code = DTN_DATETIMECHANGE;
     change.dwFlags = GDT_VALID;
     change.st = time_;
-    SendMessageA(GetParent(window_), WM_NOTIFY, change.nmhdr.idFrom, reinterpret_cast<LPARAM>(&change));
+    SendMessageA(GetParent(window_), WM_NOTIFY, change.nmhdr.idFrom,
+                 reinterpret_cast<LPARAM>(&change));
 }
 
 void DatePickerControl::Tell(UINT code) {
@@ -235,11 +233,12 @@ void DatePickerControl::Open() {
     GetWindowRect(window_, &field);
     const SIZE size = Calendar::WindowSize();
     LONG top = field.bottom + 1;
-    if (top + size.cy > GetSystemMetrics(SM_CYSCREEN)) top = std::max<LONG>(field.top - size.cy - 1, 0);
+    if (top + size.cy > GetSystemMetrics(SM_CYSCREEN))
+        top = std::max<LONG>(field.top - size.cy - 1, 0);
     Calendar::Setup setup{window_, time_, font_};
-    calendar_ = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, kCalendarClass, "",
-                                WS_POPUP | WS_BORDER, field.left, top, size.cx, size.cy, window_,
-                                nullptr, nullptr, &setup);
+    calendar_ = CreateWindowExA(WS_EX_TOOLWINDOW | WS_EX_TOPMOST | WS_EX_NOACTIVATE, kCalendarClass,
+                                "", WS_POPUP | WS_BORDER, field.left, top, size.cx, size.cy,
+                                window_, nullptr, nullptr, &setup);
     if (calendar_ == nullptr) return;
     ShowWindow(calendar_, SW_SHOWNA);
     SetCapture(calendar_);
@@ -252,7 +251,6 @@ void DatePickerControl::Close() {
     const HWND window = window_;
     const HWND calendar = calendar_;
     calendar_ = nullptr;
-    // Not from inside the calendar's own message: it may be on the stack.
     ShowWindow(calendar, SW_HIDE);
     if (GetCapture() == calendar) ReleaseCapture();
     DestroyWindow(calendar);
@@ -324,8 +322,8 @@ void DatePickerControl::Paint() {
     GetClientRect(window_, &client);
     const bool enabled = IsWindowEnabled(window_) != 0;
     const bool active = enabled && (focused_ || calendar_ != nullptr);
-    DrawBox(dc, client, active ? look::kAccent : look::kLine, enabled ? look::kPaper : look::kGround,
-            look::kGround);
+    DrawBox(dc, client, active ? look::kAccent : look::kLine,
+            enabled ? look::kPaper : look::kGround, look::kGround);
     DrawChevron(dc, ArrowRect(), calendar_ != nullptr ? Direction::kUp : Direction::kDown,
                 enabled ? look::kSecondary : look::kDisabled);
     const UseFont use(dc, font_);
@@ -343,7 +341,8 @@ void DatePickerControl::Paint() {
         const std::string text = FieldText(field);
         DrawTextA(dc, text.c_str(), -1, &rect, DT_SINGLELINE | DT_RIGHT | DT_VCENTER | DT_NOCLIP);
         if (field == Field::kDay) break;
-        RECT dash{rect.right, rect.top, FieldRect(static_cast<Field>(static_cast<int>(field) + 1)).left, rect.bottom};
+        RECT dash{rect.right, rect.top,
+                  FieldRect(static_cast<Field>(static_cast<int>(field) + 1)).left, rect.bottom};
         SetTextColor(dc, enabled ? look::kText : look::kDisabled);
         DrawTextA(dc, "-", 1, &dash, DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOCLIP);
     }

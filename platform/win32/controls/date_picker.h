@@ -10,16 +10,17 @@ namespace winbase {
 /// day at first.
 class DatePickerControl {
 public:
-    explicit DatePickerControl(HWND window) : window_(window) {}
+    explicit DatePickerControl(HWND window) : window_(window) { GetLocalTime(&time_); }
     DatePickerControl(const DatePickerControl&) = delete;
     DatePickerControl& operator=(const DatePickerControl&) = delete;
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+
 private:
     enum class Field { kYear, kMonth, kDay };
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT InputMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT SetTime(WPARAM kind, const SYSTEMTIME* time);
     LRESULT GetTime(SYSTEMTIME* time) const;

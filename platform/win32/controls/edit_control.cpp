@@ -4,6 +4,8 @@
 #include <cstring>
 #include <memory>
 
+#include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 #include "platform/win32/controls/rich_edit.h"
 
 namespace winbase {
@@ -12,39 +14,31 @@ namespace {
 
 constexpr std::size_t kUnlimited = 2147483646;
 
-EditControl* ControlOf(HWND window) {
-    return reinterpret_cast<EditControl*>(GetWindowLongPtrA(window, 0));
-}
-
-std::unique_ptr<EditControl> MakeControl(HWND window, DWORD style) {
+std::shared_ptr<EditControl> MakeControl(HWND window) {
     char name[32] = "";
     GetClassNameA(window, name, sizeof name);
-    if (lstrcmpiA(name, "Edit") != 0) {
-        const bool lines = (style & ES_MULTILINE) != 0;
-        return std::make_unique<RichEditControl>(window,
-                                                 lines ? LineEnds::kReturns : LineEnds::kSingleLine);
+    const bool lines = (GetWindowLongA(window, GWL_STYLE) & ES_MULTILINE) != 0;
+    if (lstrcmpiA(name, "Edit") == 0) {
+        return std::make_shared<EditControl>(window,
+                                             lines ? LineEnds::kPairs : LineEnds::kSingleLine);
     }
-    const bool lines = (style & ES_MULTILINE) != 0;
-    return std::make_unique<EditControl>(window, lines ? LineEnds::kPairs : LineEnds::kSingleLine);
+    return std::make_shared<RichEditControl>(window,
+                                             lines ? LineEnds::kReturns : LineEnds::kSingleLine);
+}
+
+std::string UpperCase(std::string bytes) {
+    Codes codes = CodesFromBytes(bytes);
+    for (char16_t& code : codes) {
+        if (code >= 'a' && code <= 'z') code = static_cast<char16_t>(code - 'a' + 'A');
+    }
+    return BytesFromCodes(codes);
 }
 
 }  // namespace
 
 LRESULT CALLBACK EditControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        const auto& create = *reinterpret_cast<const CREATESTRUCTA*>(lParam);
-        auto control = MakeControl(window, static_cast<DWORD>(create.style));
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(control.release()));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    EditControl* const control = ControlOf(window);
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+    return HostControl<EditControl>(window, message, wParam, lParam,
+                                    [&] { return MakeControl(window); });
 }
 
 EditControl::EditControl(HWND window, LineEnds ends) : window_(window), text_(ends) {}
@@ -66,16 +60,14 @@ LRESULT EditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_KILLFOCUS: LoseFocus(); return 0;
         case WM_ENABLE: InvalidateRect(window_, nullptr, TRUE); return 0;
         case WM_PAINT: Paint(); return 0;
-        case WM_ERASEBKGND: {
-            const HDC dc = reinterpret_cast<HDC>(wParam);
-            RECT client{};
-            GetClientRect(window_, &client);
-            HBRUSH brush = nullptr;
-            Ground(dc, &brush);
-            FillRect(dc, &client, brush);
-            return 1;
-        }
+        case WM_NCPAINT:
+            DefWindowProcA(window_, message, wParam, lParam);
+            PaintFrame(nullptr);
+            return 0;
+        case WM_ERASEBKGND:
+            return 1;  // painting fills the ground, so that the parent is asked once
         case WM_GETDLGCODE:
+            if (lParam != 0) in_dialog_ = true;
             return DLGC_HASSETSEL | DLGC_WANTCHARS | DLGC_WANTARROWS |
                    (multi_line() ? DLGC_WANTALLKEYS : 0);
         case WM_KEYDOWN: KeyDown(wParam); return 0;
@@ -83,8 +75,10 @@ LRESULT EditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL: Scroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam))); return 0;
         default: break;
     }
-    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST) return MouseMessage(message, wParam, lParam);
-    if (message >= EM_GETSEL && message <= EM_CHARFROMPOS) return EditMessage(message, wParam, lParam);
+    if (message >= WM_MOUSEFIRST && message <= WM_MOUSELAST)
+        return MouseMessage(message, wParam, lParam);
+    if (message >= EM_GETSEL && message <= EM_CHARFROMPOS)
+        return EditMessage(message, wParam, lParam);
     return TextMessage(message, wParam, lParam);
 }
 
@@ -110,7 +104,9 @@ LRESULT EditControl::EditMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     switch (message) {
         case EM_GETSEL: GetSelection(wParam, lParam, &result); return result;
-        case EM_SETSEL: SetSelection(static_cast<LONG>(wParam), static_cast<LONG>(lParam)); return TRUE;
+        case EM_SETSEL:
+            SetSelection(static_cast<LONG>(wParam), static_cast<LONG>(lParam));
+            return TRUE;
         case EM_REPLACESEL:
             if (lParam != 0) Insert(text_.Convert(reinterpret_cast<const char*>(lParam)));
             return TRUE;
@@ -151,6 +147,11 @@ LRESULT EditControl::LineMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (!multi_line()) return FALSE;
             ScrollTo(first_line_ + static_cast<int>(lParam));
             return TRUE;
+        case EM_SCROLL: {
+            const int old = first_line_;
+            Scroll(static_cast<int>(wParam), 0);
+            return MAKELRESULT(first_line_ - old, TRUE);
+        }
         case EM_GETFIRSTVISIBLELINE: return first_line_;
         case EM_POSFROMCHAR: {
             if (wParam >= text_.size()) return -1;
@@ -158,7 +159,8 @@ LRESULT EditControl::LineMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return MAKELRESULT(point.x, point.y);
         }
         case EM_CHARFROMPOS: {
-            const POINT point{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+            const POINT point{static_cast<short>(LOWORD(lParam)),
+                              static_cast<short>(HIWORD(lParam))};
             const std::size_t position = PositionAt(point);
             return MAKELRESULT(position, layout_.LineOf(position));
         }
@@ -228,17 +230,12 @@ LRESULT EditControl::LineLength(LONG position) const {
 }
 
 void EditControl::SetText(const char* bytes) {
-    std::string whole = bytes != nullptr ? bytes : "";
-    if (HasStyle(ES_UPPERCASE)) {
-        for (char& byte : whole) byte = byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 32) : byte;
-    }
-    text_.Assign(whole);
+    const std::string whole = bytes != nullptr ? bytes : "";
+    text_.Assign(HasStyle(ES_UPPERCASE) ? UpperCase(whole) : whole);
     modified_ = false;
     first_line_ = 0;
     scroll_x_ = 0;
-    Relayout();
-    TellNewText();
-    InvalidateRect(window_, nullptr, TRUE);
+    AfterChange(ChangeKind::kWhole);
 }
 
 bool EditControl::CanGrow(const Codes& inserted, std::size_t* room) const {
@@ -251,7 +248,8 @@ bool EditControl::CanGrow(const Codes& inserted, std::size_t* room) const {
         const RECT area = TextArea();
         int width = widths_.Of(whole);
         std::size_t fits = 0;
-        while (fits < *room && (width += widths_.Of(inserted[fits])) <= area.right - area.left) ++fits;
+        while (fits < *room && (width += widths_.Of(inserted[fits])) <= area.right - area.left)
+            ++fits;
         *room = fits;
     }
     return *room == inserted.size();
@@ -259,17 +257,17 @@ bool EditControl::CanGrow(const Codes& inserted, std::size_t* room) const {
 
 void EditControl::Insert(Codes inserted) {
     std::size_t room = 0;
-    const bool fits = CanGrow(inserted, &room);
-    if (!fits) {
-        const HWND window = window_;
+    if (!CanGrow(inserted, &room)) {
         TellTooLong();
-        if (!IsWindow(window)) return;
+        // What was told may have changed the text.
+        CanGrow(inserted, &room);
         if (room == 0 && !text_.has_selection()) return;
         inserted.resize(room);
     }
+    if (HasStyle(ES_UPPERCASE)) inserted = CodesFromBytes(UpperCase(BytesFromCodes(inserted)));
     text_.Replace(inserted);
     modified_ = true;
-    AfterChange();
+    AfterChange(ChangeKind::kPart);
 }
 
 void EditControl::Erase(std::size_t from, std::size_t to) {
@@ -277,15 +275,19 @@ void EditControl::Erase(std::size_t from, std::size_t to) {
     text_.Select(from, to);
     text_.Replace({});
     modified_ = true;
-    AfterChange();
+    AfterChange(ChangeKind::kPart);
 }
 
-void EditControl::AfterChange() {
+void EditControl::AfterChange(ChangeKind kind) {
+    wanted_x_ = -1;
+    const int old_line = first_line_;
     Relayout();
+    TellUpdate(kind);
+    // Lines that went away scroll as well.
+    if (kind == ChangeKind::kPart && first_line_ != old_line) Tell(EN_VSCROLL);
     ScrollToCaret();
-    caret_shown_ = true;
-    InvalidateRect(window_, nullptr, TRUE);
-    TellChange();
+    Repaint();
+    TellChange(kind);
 }
 
 void EditControl::Select(std::size_t anchor, std::size_t caret) {
@@ -304,23 +306,21 @@ void EditControl::MoveCaret(std::size_t position, bool extend) {
 
 bool EditControl::Undo() {
     if (HasStyle(ES_READONLY) || !text_.Undo()) return false;
-    AfterChange();
+    AfterChange(ChangeKind::kPart);
     return true;
 }
 
-void EditControl::TellChange() {
-    const HWND window = window_;
-    Tell(EN_UPDATE);
-    if (IsWindow(window)) Tell(EN_CHANGE);
+// Lines that were set as a whole are not told: who set them knows.
+void EditControl::TellUpdate(ChangeKind kind) {
+    if (kind == ChangeKind::kPart || !multi_line()) Tell(EN_UPDATE);
 }
 
-void EditControl::TellNewText() {
-    if (!multi_line()) TellChange();
+void EditControl::TellChange(ChangeKind kind) {
+    if (kind == ChangeKind::kPart || !multi_line()) Tell(EN_CHANGE);
 }
 
 void EditControl::Tell(int code) const {
-    SendMessageA(GetParent(window_), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(window_), code),
-                 reinterpret_cast<LPARAM>(window_));
+    if (IsWindow(window_)) TellParent(window_, code);
 }
 
 void EditControl::SetFont(HFONT font, bool redraw) {
@@ -349,7 +349,8 @@ void EditControl::Size() {
 void EditControl::GainFocus() {
     focused_ = true;
     StartCaret();
-    InvalidateRect(window_, nullptr, TRUE);
+    Repaint();
+    if (HasFrame()) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     Tell(EN_SETFOCUS);
 }
 
@@ -357,7 +358,8 @@ void EditControl::LoseFocus() {
     focused_ = false;
     lead_byte_ = 0;
     if (selecting_) ReleaseCapture();
-    InvalidateRect(window_, nullptr, TRUE);
+    Repaint();
+    if (HasFrame()) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     Tell(EN_KILLFOCUS);
 }
 

@@ -24,14 +24,17 @@ public:
     /// The window procedures of the classes "Edit" and "RichEdit20A".
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-protected:
     virtual LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
-    /// After a change by typing or by EM_REPLACESEL and the like.
-    virtual void TellChange();
-    /// After the whole text was set.
-    virtual void TellNewText();
+
+protected:
+    /// Whether the text changed bit by bit, by typing or by EM_REPLACESEL, or was set as a whole.
+    enum class ChangeKind { kPart, kWhole };
+    /// Before the changed text is shown and after it.
+    virtual void TellUpdate(ChangeKind kind);
+    virtual void TellChange(ChangeKind kind);
     virtual void TellSelection() {}
     virtual void TellTooLong() { Tell(EN_MAXTEXT); }
+    virtual void TellPainting() {}
     virtual bool CanGrow(const Codes& inserted, std::size_t* room) const;
     virtual COLORREF Ground(HDC dc, HBRUSH* brush) const;
 
@@ -47,7 +50,7 @@ protected:
     void Erase(std::size_t from, std::size_t to);
     void Select(std::size_t anchor, std::size_t caret);
     void MoveCaret(std::size_t position, bool extend);
-    void AfterChange();
+    void AfterChange(ChangeKind kind);
 
     // Layout
     RECT TextArea() const;
@@ -76,6 +79,7 @@ protected:
     int wanted_x_ = -1;  ///< where Up and Down aim, -1 when another key came between
     unsigned char lead_byte_ = 0;
     char16_t mask_ = 0;
+    bool in_dialog_ = false;  ///< a dialog's loop asked for the keys that the edit wants
 
 private:
     LRESULT TextMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -100,6 +104,8 @@ private:
     void Wheel(WPARAM wParam);
 
     void KeyDown(WPARAM key);
+    /// What the keys of a dialog do in lines of text, which otherwise get them all.
+    bool DialogKey(WPARAM key, bool shift, bool control);
     void NavigationKey(WPARAM key, bool shift, bool control);
     void DeleteKey(bool shift, bool control);
     void MoveLines(int lines, bool extend);
@@ -116,9 +122,12 @@ private:
     void Release();
 
     void Paint();
+    bool HasFrame() const;
+    void PaintFrame(HBRUSH inside) const;
     void PaintLines(HDC dc);
     void PaintLine(HDC dc, const TextLine& line, int y);
     void PaintRun(HDC dc, std::size_t from, std::size_t to, int x, int y, bool selected);
+    void PaintCharacters(HDC dc, std::u16string_view codes, int x, int y) const;
     void PaintMask(HDC dc, std::size_t count, int x, int y);
     void PaintCaret(HDC dc);
     void StartCaret();

@@ -21,6 +21,7 @@ void EditControl::KeyDown(WPARAM key) {
     const bool shift = KeyHeld(VK_SHIFT);
     const bool control = KeyHeld(VK_CONTROL);
     if (KeyHeld(VK_MENU)) return;
+    if (in_dialog_ && multi_line() && DialogKey(key, shift, control)) return;
     switch (key) {
         case VK_DELETE: DeleteKey(shift, control); return;
         case VK_INSERT:
@@ -28,6 +29,27 @@ void EditControl::KeyDown(WPARAM key) {
             if (shift) Paste();
             return;
         default: NavigationKey(key, shift, control); return;
+    }
+}
+
+bool EditControl::DialogKey(WPARAM key, bool shift, bool control) {
+    const HWND dialog = GetParent(window_);
+    switch (key) {
+        case VK_TAB:
+            if (control) return false;
+            PostMessageA(dialog, WM_NEXTDLGCTL, shift ? TRUE : FALSE, FALSE);
+            return true;
+        case VK_ESCAPE: PostMessageA(dialog, WM_CLOSE, 0, 0); return true;
+        case VK_RETURN: {
+            if (control || HasStyle(ES_WANTRETURN)) return false;
+            const LRESULT answer = SendMessageA(dialog, DM_GETDEFID, 0, 0);
+            if (HIWORD(answer) != DC_HASDEFID) return true;
+            const HWND button = GetDlgItem(dialog, LOWORD(answer));
+            PostMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(button), TRUE);
+            PostMessageA(button, WM_KEYDOWN, VK_RETURN, 0);
+            return true;
+        }
+        default: return false;
     }
 }
 
@@ -46,8 +68,12 @@ void EditControl::NavigationKey(WPARAM key, bool shift, bool control) {
     wanted_x_ = -1;
     const TextLine& line = layout_.lines()[layout_.LineOf(caret)];
     switch (key) {
-        case VK_LEFT: MoveCaret(control ? text_.WordBefore(caret) : text_.Before(caret), shift); return;
-        case VK_RIGHT: MoveCaret(control ? text_.WordBehind(caret) : text_.Behind(caret), shift); return;
+        case VK_LEFT:
+            MoveCaret(control ? text_.WordBefore(caret) : text_.Before(caret), shift);
+            return;
+        case VK_RIGHT:
+            MoveCaret(control ? text_.WordBehind(caret) : text_.Behind(caret), shift);
+            return;
         case VK_HOME: MoveCaret(control ? 0 : line.start, shift); return;
         case VK_END: MoveCaret(control ? text_.size() : line.end, shift); return;
         default: return;
@@ -106,7 +132,6 @@ void EditControl::Character(unsigned char byte) {
         MessageBeep(MB_OK);
         return;
     }
-    if (HasStyle(ES_UPPERCASE) && byte >= 'a' && byte <= 'z') byte = static_cast<unsigned char>(byte - 32);
     Insert(Codes(1, byte));
 }
 
@@ -130,7 +155,7 @@ void EditControl::ControlCharacter(unsigned char byte) {
             return;
         }
         case '\t':
-            if (multi_line() && !HasStyle(ES_READONLY)) Insert(Codes(1, u'\t'));
+            if (multi_line() && !in_dialog_ && !HasStyle(ES_READONLY)) Insert(Codes(1, u'\t'));
             return;
         default: return;
     }
@@ -138,7 +163,8 @@ void EditControl::ControlCharacter(unsigned char byte) {
 
 void EditControl::NewLine() {
     if (!multi_line() || HasStyle(ES_READONLY)) return;
-    Insert(text_.Convert("\r\n"));
+    const bool dialogs_own = in_dialog_ && !HasStyle(ES_WANTRETURN) && !KeyHeld(VK_CONTROL);
+    if (!dialogs_own) Insert(text_.Convert("\r\n"));
 }
 
 void EditControl::Copy() const {
@@ -184,9 +210,8 @@ LRESULT EditControl::MouseMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void EditControl::Press(POINT point, bool extend) {
-    const HWND window = window_;
     if (GetFocus() != window_) SetFocus(window_);
-    if (!IsWindow(window)) return;
+    if (!IsWindow(window_)) return;
     wanted_x_ = -1;
     selecting_ = true;
     SetCapture(window_);
@@ -195,7 +220,8 @@ void EditControl::Press(POINT point, bool extend) {
 
 void EditControl::SelectWord(POINT point) {
     const std::size_t position = PositionAt(point);
-    const std::size_t start = position < text_.size() ? text_.WordBefore(text_.Behind(position)) : text_.WordBefore(position);
+    const std::size_t behind = position < text_.size() ? text_.Behind(position) : position;
+    const std::size_t start = text_.WordBefore(behind);
     Select(start, text_.WordBehind(start));
 }
 

@@ -3,13 +3,14 @@
 #include <algorithm>
 
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 #include "platform/win32/controls/edit_control.h"
 
 namespace winbase {
 
 namespace {
 
-constexpr int kMargin = 3;        // between the border and the text
+constexpr int kMargin = 3;  // between the border and the text
 constexpr int kCaretMillis = 530;
 constexpr UINT_PTR kCaretTimer = 0xFFF1;
 constexpr COLORREF kCaretColor = RGB(0x1F, 0x29, 0x33);
@@ -47,8 +48,8 @@ int EditControl::VisibleLines() const {
 int EditControl::LineLeft(const TextLine& line) const {
     const RECT area = TextArea();
     const DWORD alignment = Style() & (ES_CENTER | ES_RIGHT);
-    const int width = widths_.Of(
-        std::u16string_view(text_.codes()).substr(line.start, line.end - line.start));
+    const int width =
+        widths_.Of(std::u16string_view(text_.codes()).substr(line.start, line.end - line.start));
     const int rest = area.right - area.left - width;
     if (alignment == 0 || rest < 0) return area.left - scroll_x_;
     return area.left + (alignment == ES_RIGHT ? rest - 1 : rest / 2);
@@ -70,8 +71,8 @@ std::size_t EditControl::PositionAt(POINT point) const {
     const int below = point.y - area.top;
     const int row = first_line_ + (below >= 0 ? below / height : -1);
     const int last = static_cast<int>(layout_.lines().size()) - 1;
-    const TextLine& line = layout_.lines()[static_cast<std::size_t>(
-        multi_line() ? std::clamp(row, 0, last) : 0)];
+    const TextLine& line =
+        layout_.lines()[static_cast<std::size_t>(multi_line() ? std::clamp(row, 0, last) : 0)];
     int x = LineLeft(line);
     std::size_t position = line.start;
     while (position < line.end) {
@@ -153,14 +154,28 @@ void EditControl::Paint() {
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(window_, &paint);
     if (dc == nullptr) return;
-    const HGDIOBJ old = font_ != nullptr ? SelectObject(dc, font_) : nullptr;
-    HBRUSH brush = nullptr;
-    const COLORREF color = Ground(dc, &brush);
-    SetTextColor(dc, color);
-    SetBkMode(dc, TRANSPARENT);
-    PaintLines(dc);
-    if (old != nullptr) SelectObject(dc, old);
+    TellPainting();
+    {
+        const UseFont use(dc, font_);
+        HBRUSH brush = nullptr;
+        const COLORREF color = Ground(dc, &brush);
+        FillRect(dc, &paint.rcPaint, brush);
+        SetTextColor(dc, color);
+        SetBkMode(dc, TRANSPARENT);
+        PaintLines(dc);
+        if (paint.rcPaint.left == 0 && paint.rcPaint.top == 0) PaintFrame(brush);
+    }
     EndPaint(window_, &paint);
+}
+
+bool EditControl::HasFrame() const {
+    const auto extended = static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE));
+    return HasStyle(WS_BORDER) || (extended & WS_EX_CLIENTEDGE) != 0;
+}
+
+// The border tells of the focus; what it leaves of the frame continues the ground.
+void EditControl::PaintFrame(HBRUSH inside) const {
+    if (HasFrame()) PaintInputFrame(window_, focused_, inside);
 }
 
 void EditControl::PaintLines(HDC dc) {
@@ -182,7 +197,8 @@ void EditControl::PaintLine(HDC dc, const TextLine& line, int y) {
     const bool marked = focused_ || HasStyle(ES_NOHIDESEL);
     const std::size_t from =
         marked ? std::clamp(text_.selection_start(), line.start, line.end) : line.end;
-    const std::size_t to = marked ? std::clamp(text_.selection_end(), line.start, line.end) : line.end;
+    const std::size_t to =
+        marked ? std::clamp(text_.selection_end(), line.start, line.end) : line.end;
     const auto codes = std::u16string_view(text_.codes());
     int x = LineLeft(line);
     PaintRun(dc, line.start, from, x, y, false);
@@ -204,18 +220,21 @@ void EditControl::PaintRun(HDC dc, std::size_t from, std::size_t to, int x, int 
     if (mask_ != 0) {
         PaintMask(dc, codes.size(), x, y);
     } else {
-        std::size_t start = 0;
-        int at = x;
-        // Tabs have a width and no glyph.
-        while (start < codes.size()) {
-            const std::size_t tab = std::min(codes.find(u'\t', start), codes.size());
-            const std::string bytes = BytesFromCodes(codes.substr(start, tab - start));
-            TextOutA(dc, at, y, bytes.data(), static_cast<int>(bytes.size()));
-            at += widths_.Of(codes.substr(start, std::min(tab + 1, codes.size()) - start));
-            start = tab + 1;
-        }
+        PaintCharacters(dc, codes, x, y);
     }
     SetTextColor(dc, old);
+}
+
+// Tabs have a width and no glyph, line ends in a single line neither.
+void EditControl::PaintCharacters(HDC dc, std::u16string_view codes, int x, int y) const {
+    std::size_t start = 0;
+    while (start < codes.size()) {
+        const std::size_t blank = std::min(codes.find_first_of(u"\t\r\n", start), codes.size());
+        const std::string bytes = BytesFromCodes(codes.substr(start, blank - start));
+        if (!bytes.empty()) TextOutA(dc, x, y, bytes.data(), static_cast<int>(bytes.size()));
+        x += widths_.Of(codes.substr(start, std::min(blank + 1, codes.size()) - start));
+        start = blank + 1;
+    }
 }
 
 void EditControl::PaintMask(HDC dc, std::size_t count, int x, int y) {
@@ -255,7 +274,7 @@ void EditControl::StartCaret() {
 }
 
 void CALLBACK EditControl::BlinkCaret(HWND window, UINT, UINT_PTR id, DWORD) {
-    auto* const control = reinterpret_cast<EditControl*>(GetWindowLongPtrA(window, 0));
+    const auto control = HostedControl<EditControl>(window);
     if (control == nullptr || !control->focused_) {
         KillTimer(window, id);
         return;

@@ -43,12 +43,14 @@ std::string BytesFromCodes(std::u16string_view codes) {
 }
 
 std::size_t ByteLength(std::u16string_view codes) {
-    const auto wide = std::count_if(codes.begin(), codes.end(), [](char16_t c) { return c >= 0x100; });
+    const auto wide =
+        std::count_if(codes.begin(), codes.end(), [](char16_t c) { return c >= 0x100; });
     return codes.size() + static_cast<std::size_t>(wide);
 }
 
 std::u16string_view EditText::selected() const {
-    return std::u16string_view(codes_).substr(selection_start(), selection_end() - selection_start());
+    return std::u16string_view(codes_).substr(selection_start(),
+                                              selection_end() - selection_start());
 }
 
 bool EditText::InsidePair(std::size_t position) const {

@@ -1,9 +1,11 @@
 #include "platform/win32/controls/list_box.h"
 
 #include <algorithm>
+#include <cassert>
 #include <cstring>
 
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
@@ -17,33 +19,21 @@ POINT PointFrom(LPARAM lParam) {
 
 }  // namespace
 
-LRESULT CALLBACK ListBoxControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        auto* const created = new ListBoxControl(window);
-        char name[32] = "";
-        GetClassNameA(window, name, sizeof name);
-        if (lstrcmpiA(name, "ComboLBox") == 0) {
-            const auto& create = *reinterpret_cast<const CREATESTRUCTA*>(lParam);
-            created->combo_ = static_cast<HWND>(create.lpCreateParams);
-        }
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(created));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    auto* const control = reinterpret_cast<ListBoxControl*>(GetWindowLongPtrA(window, 0));
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+LRESULT CALLBACK ListBoxControl::Procedure(HWND window, UINT message, WPARAM wParam,
+                                           LPARAM lParam) {
+    return HostControl<ListBoxControl>(window, message, wParam, lParam);
 }
 
 LRESULT ListBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_CREATE: Create(); return 0;
+        case WM_CREATE:
+            Create(reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams);
+            return 0;
         case WM_DESTROY: Clear(); return 0;
-        case WM_SIZE: UpdateScrollBar(); InvalidateRect(window_, nullptr, TRUE); return 0;
+        case WM_SIZE:
+            Fit();
+            InvalidateRect(window_, nullptr, TRUE);
+            return 0;
         case WM_SETFONT:
             font_ = reinterpret_cast<HFONT>(wParam);
             if (!OwnerDrawn()) item_height_ = LineHeight(font_) + kRowPadding;
@@ -52,6 +42,10 @@ LRESULT ListBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_GETFONT: return reinterpret_cast<LRESULT>(font_);
         case WM_PAINT: Paint(); return 0;
+        case WM_NCPAINT:
+            DefWindowProcA(window_, message, wParam, lParam);
+            if (HasFrame()) PaintInputFrame(window_, focused_, nullptr);
+            return 0;
         case WM_ERASEBKGND: {
             const HDC dc = reinterpret_cast<HDC>(wParam);
             RECT client{};
@@ -64,7 +58,8 @@ LRESULT ListBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_VSCROLL: Scroll(LOWORD(wParam), static_cast<short>(HIWORD(wParam))); return 0;
         default: break;
     }
-    if (message >= LB_ADDSTRING && message <= LB_ITEMFROMPOINT) return ItemMessage(message, wParam, lParam);
+    if (message >= LB_ADDSTRING && message <= LB_ITEMFROMPOINT)
+        return ItemMessage(message, wParam, lParam);
     return InputMessage(message, wParam, lParam);
 }
 
@@ -74,7 +69,10 @@ LRESULT ListBoxControl::ItemMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case LB_ADDSTRING: return Add(lParam);
         case LB_INSERTSTRING: return Insert(index, lParam);
         case LB_DELETESTRING: return Remove(wParam);
-        case LB_RESETCONTENT: Clear(); InvalidateRect(window_, nullptr, TRUE); return 0;
+        case LB_RESETCONTENT:
+            Clear();
+            InvalidateRect(window_, nullptr, TRUE);
+            return 0;
         case LB_GETCOUNT: return items_.count();
         case LB_SETCURSEL: return SetCurrent(index);
         case LB_GETCURSEL: return current_;
@@ -82,8 +80,10 @@ LRESULT ListBoxControl::ItemMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case LB_GETTEXT: return GetText(wParam, reinterpret_cast<char*>(lParam));
         case LB_GETTEXTLEN:
             if (!items_.Has(index)) return LB_ERR;
-            return HasStrings() ? static_cast<LRESULT>(items_.at(index).text.size()) : sizeof(ULONG_PTR);
-        case LB_GETITEMDATA: return items_.Has(index) ? static_cast<LRESULT>(items_.at(index).data) : LB_ERR;
+            return HasStrings() ? static_cast<LRESULT>(items_.at(index).text.size())
+                                : sizeof(ULONG_PTR);
+        case LB_GETITEMDATA:
+            return items_.Has(index) ? static_cast<LRESULT>(items_.at(index).data) : LB_ERR;
         case LB_SETITEMDATA:
             if (!items_.Has(index)) return LB_ERR;
             items_.at(index).data = static_cast<ULONG_PTR>(lParam);
@@ -91,7 +91,8 @@ LRESULT ListBoxControl::ItemMessage(UINT message, WPARAM wParam, LPARAM lParam) 
         case LB_FINDSTRING:
         case LB_FINDSTRINGEXACT: {
             if (lParam == 0) return LB_ERR;
-            const auto match = message == LB_FINDSTRING ? ListItems::Match::kPrefix : ListItems::Match::kWhole;
+            const auto match =
+                message == LB_FINDSTRING ? ListItems::Match::kPrefix : ListItems::Match::kWhole;
             return items_.Find(reinterpret_cast<const char*>(lParam), index, match);
         }
         case LB_SELECTSTRING: {
@@ -110,13 +111,18 @@ LRESULT ListBoxControl::PlaceMessage(UINT message, WPARAM wParam, LPARAM lParam)
         case LB_SETTOPINDEX: SetTop(static_cast<int>(wParam)); return 0;
         case LB_GETITEMHEIGHT: return item_height_;
         case LB_SETITEMHEIGHT: return SetItemHeight(static_cast<WPARAM>(lParam));
-        case LB_GETITEMRECT: return GetItemRect(wParam, reinterpret_cast<RECT*>(lParam)) ? 1 : LB_ERR;
+        case LB_GETITEMRECT:
+            return GetItemRect(wParam, reinterpret_cast<RECT*>(lParam)) ? 1 : LB_ERR;
         case LB_ITEMFROMPOINT: return ItemFromPoint(lParam);
         default: return DefWindowProcA(window_, message, wParam, lParam);
     }
 }
 
-void ListBoxControl::Create() {
+void ListBoxControl::Create(void* parameter) {
+    assert(!HasStyle(LBS_OWNERDRAWVARIABLE) && "rows have one height");
+    char name[32] = "";
+    GetClassNameA(window_, name, sizeof name);
+    if (lstrcmpiA(name, "ComboLBox") == 0) combo_ = static_cast<HWND>(parameter);
     item_height_ = LineHeight(nullptr) + kRowPadding;
     has_bar_ = HasStyle(WS_VSCROLL);
     if (OwnerDrawn()) AskItemHeight();
@@ -130,7 +136,8 @@ void ListBoxControl::AskItemHeight() {
     measure.itemID = static_cast<UINT>(-1);
     measure.itemHeight = static_cast<UINT>(item_height_);
     SendMessageA(Receiver(), WM_MEASUREITEM, measure.CtlID, reinterpret_cast<LPARAM>(&measure));
-    if (measure.itemHeight > 0 && measure.itemHeight < 256) item_height_ = static_cast<int>(measure.itemHeight);
+    if (measure.itemHeight > 0 && measure.itemHeight < 256)
+        item_height_ = static_cast<int>(measure.itemHeight);
 }
 
 LRESULT ListBoxControl::Add(LPARAM lParam) {
@@ -262,7 +269,7 @@ void ListBoxControl::SetTop(int top) {
 
 void ListBoxControl::Fit() {
     UpdateScrollBar();
-    if (HasStyle(LBS_NOINTEGRALHEIGHT) || OwnerDrawn()) return;
+    if (HasStyle(LBS_NOINTEGRALHEIGHT)) return;
     // Only whole rows are shown: the window gives up what is left over.
     RECT client{};
     RECT whole{};

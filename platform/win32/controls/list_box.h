@@ -18,8 +18,9 @@ public:
     /// combo's window.
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-private:
     LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+
+private:
     LRESULT ItemMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT PlaceMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT InputMessage(UINT message, WPARAM wParam, LPARAM lParam);
@@ -32,7 +33,7 @@ private:
     bool IsDropList() const { return combo_ != nullptr; }
     HWND Receiver() const { return combo_ != nullptr ? combo_ : GetParent(window_); }
 
-    void Create();
+    void Create(void* parameter);
     void AskItemHeight();
     LRESULT Add(LPARAM lParam);
     LRESULT Insert(int index, LPARAM lParam);
@@ -63,8 +64,10 @@ private:
     void Key(WPARAM key);
     void Character(unsigned char byte);
     void Choose(int index);
+    void Focus(bool focused);
 
     void Paint();
+    bool HasFrame() const;
     void PaintRow(HDC dc, int index, const RECT& row);
     void AskRow(HDC dc, int index, const RECT& row, UINT action);
     void DrawRowNow(int index, UINT action);
@@ -77,6 +80,7 @@ private:
     int current_ = -1;
     int top_ = 0;
     bool focused_ = false;
+    bool focus_shown_ = false;  ///< what owner-drawn rows are told of the focus
     bool pressed_ = false;
     bool has_bar_ = false;
     bool passing_to_bar_ = false;  ///< the bar of a drop list has the pointer for a while

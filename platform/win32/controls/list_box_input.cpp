@@ -44,16 +44,8 @@ LRESULT ListBoxControl::InputMessage(UINT message, WPARAM wParam, LPARAM lParam)
             SetTop(top_ - GET_WHEEL_DELTA_WPARAM(wParam) * kRowsPerNotch / WHEEL_DELTA);
             return 0;
         }
-        case WM_SETFOCUS:
-            focused_ = true;
-            DrawRowNow(current_, ODA_FOCUS);
-            Tell(LBN_SETFOCUS);
-            return 0;
-        case WM_KILLFOCUS:
-            focused_ = false;
-            DrawRowNow(current_, ODA_FOCUS);
-            Tell(LBN_KILLFOCUS);
-            return 0;
+        case WM_SETFOCUS: Focus(true); return 0;
+        case WM_KILLFOCUS: Focus(false); return 0;
         case WM_KEYDOWN: Key(wParam); return 0;
         case WM_CHAR: Character(static_cast<unsigned char>(wParam)); return 0;
         default: break;
@@ -79,22 +71,20 @@ void ListBoxControl::Press(POINT point) {
         }
         return;
     }
-    const HWND window = window_;
     if (GetFocus() != window_) SetFocus(window_);
-    if (!IsWindow(window)) return;
+    const int row = RowAt(point);
+    if (!IsWindow(window_) || row < 0) return;
     pressed_ = true;
     SetCapture(window_);
-    const int row = RowAt(point);
-    if (row >= 0) Highlight(row);
+    Highlight(row);
 }
 
 // The bar tracks with a capture of its own, which the list takes back afterwards.
 void ListBoxControl::PressScrollBar(POINT screen) {
-    const HWND window = window_;
     passing_to_bar_ = true;
     ReleaseCapture();
     SendMessageA(window_, WM_NCLBUTTONDOWN, HTVSCROLL, MAKELPARAM(screen.x, screen.y));
-    if (!IsWindow(window)) return;
+    if (!IsWindow(window_)) return;
     if (IsWindowVisible(window_)) SetCapture(window_);
     passing_to_bar_ = false;
 }
@@ -144,8 +134,8 @@ void ListBoxControl::Key(WPARAM key) {
 
 void ListBoxControl::Character(unsigned char byte) {
     if (!HasStrings() || byte <= ' ') return;
-    const int found = items_.Find(std::string(1, static_cast<char>(byte)), current_,
-                                  ListItems::Match::kPrefix);
+    const int found =
+        items_.Find(std::string(1, static_cast<char>(byte)), current_, ListItems::Match::kPrefix);
     if (found >= 0) Choose(found);
 }
 
@@ -158,9 +148,28 @@ void ListBoxControl::Choose(int index) {
 void ListBoxControl::Highlight(int index) {
     if (index == current_) return;
     const int old = current_;
+    if (focused_ && OwnerDrawn()) {
+        // Its owner takes the focus mark away and gives it back apart from the selection.
+        focus_shown_ = false;
+        DrawRowNow(old, ODA_FOCUS);
+    }
     current_ = index;
     DrawRowNow(old, ODA_SELECT);
     DrawRowNow(current_, ODA_SELECT);
+    focus_shown_ = focused_;
+    if (focused_ && OwnerDrawn()) DrawRowNow(current_, ODA_FOCUS);
+}
+
+void ListBoxControl::Focus(bool focused) {
+    focused_ = focus_shown_ = focused;
+    DrawRowNow(current_, ODA_FOCUS);
+    if (HasFrame()) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    Tell(focused ? LBN_SETFOCUS : LBN_KILLFOCUS);
+}
+
+bool ListBoxControl::HasFrame() const {
+    const auto extended = static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE));
+    return HasStyle(WS_BORDER) || (extended & WS_EX_CLIENTEDGE) != 0;
 }
 
 void ListBoxControl::RepaintRow(int index) {
@@ -176,7 +185,10 @@ void ListBoxControl::DrawRowNow(int index, UINT action) {
         return;
     }
     RECT row{};
+    RECT client{};
     GetItemRect(static_cast<WPARAM>(index), &row);
+    GetClientRect(window_, &client);
+    if (row.bottom <= 0 || row.top >= client.bottom) return;
     const HDC dc = GetDC(window_);
     if (dc == nullptr) return;
     AskRow(dc, index, row, action);
@@ -233,7 +245,7 @@ void ListBoxControl::AskRow(HDC dc, int index, const RECT& row, UINT action) {
     draw.itemID = static_cast<UINT>(index);
     draw.itemAction = action;
     draw.itemState = (index == current_ ? ODS_SELECTED : 0U) |
-                     (index == current_ && focused_ ? ODS_FOCUS : 0U) |
+                     (index == current_ && focus_shown_ ? ODS_FOCUS : 0U) |
                      (IsWindowEnabled(window_) ? 0U : ODS_DISABLED);
     draw.hwndItem = window_;
     draw.hDC = dc;

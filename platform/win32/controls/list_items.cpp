@@ -26,11 +26,11 @@ bool ListItems::Insert(int index, Item item) {
 }
 
 int ListItems::SortedPlace(std::string_view text) const {
-    const std::string wanted = Folded(text);
-    const auto behind = std::find_if(items_.begin(), items_.end(), [&](const Item& item) {
-        return lstrcmpiA(item.text.c_str(), wanted.c_str()) > 0;
+    const std::string wanted(text);
+    const auto place = std::find_if(items_.begin(), items_.end(), [&](const Item& item) {
+        return lstrcmpiA(item.text.c_str(), wanted.c_str()) >= 0;
     });
-    return static_cast<int>(behind - items_.begin());
+    return static_cast<int>(place - items_.begin());
 }
 
 int ListItems::Find(std::string_view text, LRESULT after, Match match) const {

@@ -24,7 +24,7 @@ public:
 
     /// At the end for -1; false when the place is behind the end.
     bool Insert(int index, Item item);
-    /// Where a sorted list takes the text: behind its equals, letters regardless of case.
+    /// Where a sorted list takes the text: before its equals, letters regardless of case.
     int SortedPlace(std::string_view text) const;
     void Remove(int index) { items_.erase(items_.begin() + index); }
     void Clear() { items_.clear(); }

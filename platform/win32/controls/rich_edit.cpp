@@ -3,6 +3,7 @@
 #include <richedit.h>
 
 #include <algorithm>
+#include <cstring>
 
 namespace winbase {
 
@@ -23,7 +24,9 @@ LRESULT RichEditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         case EM_GETEVENTMASK: return static_cast<LRESULT>(event_mask_);
         case EM_SETBKGNDCOLOR: return SetGround(wParam != 0, static_cast<COLORREF>(lParam));
-        case EM_EXLIMITTEXT: limit_ = lParam == 0 ? 0x10000 : static_cast<std::size_t>(lParam); return 0;
+        case EM_EXLIMITTEXT:
+            limit_ = lParam == 0 ? 0x10000 : static_cast<std::size_t>(lParam);
+            return 0;
         case EM_EXGETSEL: {
             auto& range = *reinterpret_cast<CHARRANGE*>(lParam);
             range.cpMin = static_cast<LONG>(text_.selection_start());
@@ -34,6 +37,9 @@ LRESULT RichEditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
             const auto& range = *reinterpret_cast<const CHARRANGE*>(lParam);
             return SelectRange(range.cpMin, range.cpMax);
         }
+        case EM_GETSELTEXT: return GetSelectedText(reinterpret_cast<char*>(lParam));
+        case EM_EXLINEFROMCHAR:
+            return EditControl::Message(EM_LINEFROMCHAR, static_cast<WPARAM>(lParam), 0);
         case EM_SETSEL: return SelectRange(static_cast<LONG>(wParam), static_cast<LONG>(lParam));
         case EM_GETSEL: {
             const LRESULT result = EditControl::Message(message, wParam, lParam);
@@ -58,6 +64,14 @@ LRESULT RichEditControl::SelectRange(LONG from, LONG to) {
     return static_cast<LRESULT>(text_.selection_end()) + (everything ? 1 : 0);
 }
 
+// The caller's buffer has room for the selection and a terminator: this message's contract.
+LRESULT RichEditControl::GetSelectedText(char* buffer) const {
+    if (buffer == nullptr) return 0;
+    const std::string bytes = BytesFromCodes(text_.selected());
+    std::memcpy(buffer, bytes.c_str(), bytes.size() + 1);
+    return static_cast<LRESULT>(bytes.size());
+}
+
 LRESULT RichEditControl::SetGround(bool system, COLORREF color) {
     const COLORREF old = ground_;
     ground_ = system ? GetSysColor(COLOR_WINDOW) : color;
@@ -80,18 +94,21 @@ bool RichEditControl::CanGrow(const Codes& inserted, std::size_t* room) const {
     return *room == inserted.size();
 }
 
-void RichEditControl::TellChange() {
-    end_mark_selected_ = false;
-    const HWND window = window_;
+void RichEditControl::TellChange(ChangeKind) {
     TellSelection();
-    if (IsWindow(window) && (event_mask_ & ENM_CHANGE) != 0) Tell(EN_CHANGE);
-    if (IsWindow(window) && (event_mask_ & ENM_UPDATE) != 0) Tell(EN_UPDATE);
+    if ((event_mask_ & ENM_CHANGE) != 0) Tell(EN_CHANGE);
 }
 
-void RichEditControl::TellNewText() { TellChange(); }
+// This control's second version sends EN_UPDATE whatever the mask says.
+void RichEditControl::TellPainting() {
+    if (!update_due_) return;
+    update_due_ = false;
+    Tell(EN_UPDATE);
+}
 
 void RichEditControl::TellSelection() {
     end_mark_selected_ = false;
+    update_due_ = true;
     if ((event_mask_ & ENM_SELCHANGE) == 0) return;
     SELCHANGE change{};
     change.nmhdr.hwndFrom = window_;
@@ -99,7 +116,8 @@ void RichEditControl::TellSelection() {
     change.nmhdr.code = EN_SELCHANGE;
     change.chrg.cpMin = static_cast<LONG>(text_.selection_start());
     change.chrg.cpMax = static_cast<LONG>(text_.selection_end());
-    change.seltyp = text_.has_selection() ? SEL_TEXT : SEL_EMPTY;
+    const LONG length = change.chrg.cpMax - change.chrg.cpMin;
+    change.seltyp = length == 0 ? SEL_EMPTY : length == 1 ? SEL_TEXT : SEL_TEXT | SEL_MULTICHAR;
     SendMessageA(GetParent(window_), WM_NOTIFY, change.nmhdr.idFrom,
                  reinterpret_cast<LPARAM>(&change));
 }

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
@@ -20,35 +21,27 @@ POINT PointFrom(LPARAM lParam) {
 }  // namespace
 
 LRESULT CALLBACK TabControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(new TabControl(window)));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    auto* const control = reinterpret_cast<TabControl*>(GetWindowLongPtrA(window, 0));
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+    return HostControl<TabControl>(window, message, wParam, lParam);
 }
 
 LRESULT TabControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_PAINT: Paint(); return 0;
         case WM_ERASEBKGND: return 1;
-        case WM_SIZE: Layout(); InvalidateRect(window_, nullptr, TRUE); return 0;
+        case WM_SIZE:
+            Layout();
+            InvalidateRect(window_, nullptr, TRUE);
+            return 0;
         case WM_SETFONT:
             font_ = reinterpret_cast<HFONT>(wParam);
             Layout();
-            InvalidateRect(window_, nullptr, TRUE);
+            RepaintTabs();
             return 0;
         case WM_GETFONT: return reinterpret_cast<LRESULT>(font_);
         case WM_GETDLGCODE: return DLGC_WANTARROWS | DLGC_WANTCHARS;
         case WM_SETFOCUS:
         case WM_KILLFOCUS:
-        case WM_ENABLE: InvalidateRect(window_, nullptr, TRUE); return 0;
+        case WM_ENABLE: RepaintTabs(); return 0;
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK: Click(PointFrom(lParam)); return 0;
         case WM_MOUSEMOVE: {
@@ -57,14 +50,18 @@ LRESULT TabControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
             hovered_ = over;
             TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, window_, 0};
             TrackMouseEvent(&track);
-            InvalidateRect(window_, nullptr, TRUE);
+            RepaintTabs();
             return 0;
         }
-        case WM_MOUSELEAVE: hovered_ = -1; InvalidateRect(window_, nullptr, TRUE); return 0;
+        case WM_MOUSELEAVE:
+            hovered_ = -1;
+            RepaintTabs();
+            return 0;
         case WM_KEYDOWN: Key(wParam); return 0;
         default: break;
     }
-    if (message >= TCM_GETITEMCOUNT && message <= TCM_SETCURFOCUS) return ItemMessage(message, wParam, lParam);
+    if (message >= TCM_GETITEMCOUNT && message <= TCM_SETCURFOCUS)
+        return ItemMessage(message, wParam, lParam);
     return DefWindowProcA(window_, message, wParam, lParam);
 }
 
@@ -110,7 +107,7 @@ LRESULT TabControl::Insert(int index, const TCITEMA& item) {
         ++current_;
     }
     Layout();
-    InvalidateRect(window_, nullptr, TRUE);
+    RepaintTabs();
     return place;
 }
 
@@ -130,7 +127,7 @@ LRESULT TabControl::SetItem(int index, const TCITEMA& item) {
     if ((item.mask & TCIF_TEXT) != 0) found.text = item.pszText != nullptr ? item.pszText : "";
     if ((item.mask & TCIF_PARAM) != 0) found.data = item.lParam;
     Layout();
-    InvalidateRect(window_, nullptr, TRUE);
+    RepaintTabs();
     return TRUE;
 }
 
@@ -141,21 +138,21 @@ LRESULT TabControl::Remove(int index) {
     if (current_ > index) --current_;
     focused_item_ = std::min(focused_item_, static_cast<int>(items_.size()) - 1);
     Layout();
-    InvalidateRect(window_, nullptr, TRUE);
+    RepaintTabs();
     return TRUE;
 }
 
 void TabControl::Clear() {
     items_.clear();
     current_ = focused_item_ = -1;
-    InvalidateRect(window_, nullptr, TRUE);
+    RepaintTabs();
 }
 
 LRESULT TabControl::SetCurrent(int index) {
     if (index != -1 && !Has(index)) return -1;
     const int old = current_;
     current_ = focused_item_ = index;
-    InvalidateRect(window_, nullptr, TRUE);
+    RepaintTabs();
     return old;
 }
 
@@ -207,6 +204,13 @@ int TabControl::HitTest(POINT point) const {
     return -1;
 }
 
+void TabControl::RepaintTabs() {
+    RECT tabs{};
+    GetClientRect(window_, &tabs);
+    tabs.bottom = std::min<LONG>(tabs.bottom, kTabHeight);
+    InvalidateRect(window_, &tabs, TRUE);
+}
+
 void TabControl::Layout() {
     const HDC dc = CreateCompatibleDC(nullptr);
     {
@@ -236,7 +240,8 @@ void TabControl::Paint() {
     DeleteObject(line);
     const UseFont use(dc, font_);
     SetBkMode(dc, TRANSPARENT);
-    for (std::size_t index = 0; index < items_.size(); ++index) PaintItem(dc, static_cast<int>(index));
+    for (std::size_t index = 0; index < items_.size(); ++index)
+        PaintItem(dc, static_cast<int>(index));
     EndPaint(window_, &paint);
 }
 
@@ -254,7 +259,9 @@ void TabControl::PaintItem(HDC dc, int index) const {
     } else if (index == hovered_) {
         FillColor(dc, {tab.left + 1, tab.top + 2, tab.right - 1, tab.bottom - 1}, look::kHover);
     }
-    SetTextColor(dc, !IsWindowEnabled(window_) ? look::kDisabled : current ? look::kText : look::kSecondary);
+    SetTextColor(dc, !IsWindowEnabled(window_) ? look::kDisabled
+                     : current                 ? look::kText
+                                               : look::kSecondary);
     DrawTextA(dc, item.text.c_str(), static_cast<int>(item.text.size()), &tab,
               DT_SINGLELINE | DT_CENTER | DT_VCENTER | DT_NOPREFIX);
     if (current && GetFocus() == window_) {

@@ -19,6 +19,8 @@ public:
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+
 private:
     struct Item {
         std::string text;
@@ -26,7 +28,6 @@ private:
         RECT rect{};
     };
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT ItemMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool Has(LRESULT index) const { return index >= 0 && index < static_cast<LRESULT>(items_.size()); }
 
@@ -40,6 +41,8 @@ private:
     void Choose(int index);
     int HitTest(POINT point) const;
     void Layout();
+    /// The row of tabs alone; what stands on the page is not painted over.
+    void RepaintTabs();
     void Click(POINT point);
     void Key(WPARAM key);
     LRESULT Tell(UINT code);

@@ -20,8 +20,9 @@ TreeItem& TreeItems::Insert(TreeItem& parent, HTREEITEM after) {
     if (after == TVI_FIRST) {
         place = siblings.begin();
     } else {
-        const auto found = std::find_if(siblings.begin(), siblings.end(),
-                                        [&](const TreeItem* each) { return each->handle == after; });
+        const auto found =
+            std::find_if(siblings.begin(), siblings.end(),
+                         [&](const TreeItem* each) { return each->handle == after; });
         if (found != siblings.end()) place = found + 1;
     }
     siblings.insert(place, &inserted);
@@ -43,7 +44,8 @@ void TreeItems::SetExpanded(TreeItem& item, bool expanded) {
 
 TreeItem* TreeItems::Sibling(const TreeItem& item, int steps) const {
     const auto& siblings = item.parent->children;
-    const auto place = std::find(siblings.begin(), siblings.end(), &item) - siblings.begin() + steps;
+    const auto place =
+        std::find(siblings.begin(), siblings.end(), &item) - siblings.begin() + steps;
     if (place < 0 || place >= static_cast<std::ptrdiff_t>(siblings.size())) return nullptr;
     return siblings[static_cast<std::size_t>(place)];
 }
@@ -83,7 +85,8 @@ const std::vector<TreeItem*>& TreeItems::rows() const {
         TreeItem* const next = open.back();
         open.pop_back();
         rows_.push_back(next);
-        if (next->expanded()) open.insert(open.end(), next->children.rbegin(), next->children.rend());
+        if (next->expanded())
+            open.insert(open.end(), next->children.rbegin(), next->children.rend());
     }
     return rows_;
 }

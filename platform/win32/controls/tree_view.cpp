@@ -7,7 +7,8 @@
 
 namespace winbase {
 
-LRESULT CALLBACK TreeViewControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK TreeViewControl::Procedure(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam) {
     return HostControl<TreeViewControl>(window, message, wParam, lParam);
 }
 
@@ -38,7 +39,8 @@ LRESULT TreeViewControl::ItemMessage(UINT message, WPARAM wParam, LPARAM lParam)
     const auto handle = reinterpret_cast<HTREEITEM>(lParam);
     switch (message) {
         case TVM_INSERTITEMA:
-            return reinterpret_cast<LRESULT>(Insert(*reinterpret_cast<const TVINSERTSTRUCTA*>(lParam)));
+            return reinterpret_cast<LRESULT>(
+                Insert(*reinterpret_cast<const TVINSERTSTRUCTA*>(lParam)));
         case TVM_DELETEITEM: return Remove(handle) ? TRUE : FALSE;
         case TVM_EXPAND: return Expand(handle, static_cast<UINT>(wParam), By::kCall) ? TRUE : FALSE;
         case TVM_GETCOUNT: return static_cast<LRESULT>(items_.count());
@@ -47,13 +49,15 @@ LRESULT TreeViewControl::ItemMessage(UINT message, WPARAM wParam, LPARAM lParam)
             return reinterpret_cast<LRESULT>(found != nullptr ? found->handle : nullptr);
         }
         case TVM_SELECTITEM:
-            if (wParam != TVGN_CARET || (handle != nullptr && items_.Find(handle) == nullptr)) return FALSE;
+            if (wParam != TVGN_CARET || (handle != nullptr && items_.Find(handle) == nullptr))
+                return FALSE;
             return Select(handle, TVC_UNKNOWN) ? TRUE : FALSE;
         case TVM_GETITEMA: return GetItem(*reinterpret_cast<TVITEMA*>(lParam)) ? TRUE : FALSE;
         case TVM_SETITEMA: return SetItem(*reinterpret_cast<const TVITEMA*>(lParam)) ? TRUE : FALSE;
         case TVM_GETITEMSTATE: {
             const TreeItem* const item = items_.Find(reinterpret_cast<HTREEITEM>(wParam));
-            return item != nullptr ? static_cast<LRESULT>(item->state & static_cast<UINT>(lParam)) : 0;
+            return item != nullptr ? static_cast<LRESULT>(item->state & static_cast<UINT>(lParam))
+                                   : 0;
         }
         default: return PlaceMessage(message, wParam, lParam);
     }
@@ -233,7 +237,8 @@ bool TreeViewControl::Reveal(HTREEITEM handle) {
     return top_ != old_top;
 }
 
-LRESULT TreeViewControl::TellChange(UINT code, UINT action, const TreeItem* from, const TreeItem* to) {
+LRESULT TreeViewControl::TellChange(UINT code, UINT action, const TreeItem* from,
+                                    const TreeItem* to) {
     const auto describe = [](const TreeItem* item, TVITEMA& described) {
         if (item == nullptr) return;
         described.mask = TVIF_HANDLE | TVIF_PARAM | TVIF_STATE;

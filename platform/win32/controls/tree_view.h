@@ -1,15 +1,15 @@
 #pragma once
 
-#include <windows.h>
-
 #include <commctrl.h>
+#include <windows.h>
 
 #include "platform/win32/controls/tree_items.h"
 
 namespace winbase {
 
-/// The tree. It keeps its items in a TreeItems and tells the parent what happens to them. The parent
-/// may change the tree while it is told, so that items are carried by handle across notifications.
+/// The tree. It keeps its items in a TreeItems and tells the parent what happens to them. The
+/// parent may change the tree while it is told, so that items are carried by handle across
+/// notifications.
 class TreeViewControl {
 public:
     explicit TreeViewControl(HWND window) : window_(window) {}

@@ -83,8 +83,12 @@ bool TreeViewControl::GetItemRect(bool text_only, RECT* rect) const {
 TreeItem* TreeViewControl::HitTest(POINT point, UINT* flags) const {
     RECT client{};
     GetClientRect(window_, &client);
-    *flags = (point.x < 0 ? TVHT_TOLEFT : point.x >= client.right ? TVHT_TORIGHT : 0U) |
-             (point.y < 0 ? TVHT_ABOVE : point.y >= client.bottom ? TVHT_BELOW : 0U);
+    *flags = (point.x < 0               ? TVHT_TOLEFT
+              : point.x >= client.right ? TVHT_TORIGHT
+                                        : 0U) |
+             (point.y < 0                ? TVHT_ABOVE
+              : point.y >= client.bottom ? TVHT_BELOW
+                                         : 0U);
     if (*flags != 0) return nullptr;
     const int row = top_ + point.y / item_height_;
     TreeItem* const item = items_.AtRow(row);
@@ -185,29 +189,32 @@ void TreeViewControl::PaintRow(HDC dc, const TreeItem& item, int row, bool tell)
     drawing.nmcd.hdc = dc;
     drawing.nmcd.rc = RowRect(row);
     drawing.nmcd.dwItemSpec = reinterpret_cast<DWORD_PTR>(handle);
-    drawing.nmcd.uItemState = (selected ? CDIS_SELECTED : 0U) | (selected && focused_ ? CDIS_FOCUS : 0U);
+    drawing.nmcd.uItemState =
+        (selected ? CDIS_SELECTED : 0U) | (selected && focused_ ? CDIS_FOCUS : 0U);
     drawing.nmcd.lItemlParam = item.data;
     drawing.iLevel = items_.Level(item);
     drawing.clrText = !enabled ? look::kDisabled
                       : marked ? GetSysColor(COLOR_HIGHLIGHTTEXT)
                                : GetSysColor(COLOR_WINDOWTEXT);
-    drawing.clrTextBk = marked                                      ? GetSysColor(COLOR_HIGHLIGHT)
+    drawing.clrTextBk = marked                                    ? GetSysColor(COLOR_HIGHLIGHT)
                         : selected && HasStyle(TVS_SHOWSELALWAYS) ? look::kPressed
-                                                                    : GetSysColor(COLOR_WINDOW);
+                                                                  : GetSysColor(COLOR_WINDOW);
     const LRESULT answer = tell ? TellDrawing(drawing, CDDS_ITEMPREPAINT) : CDRF_DODEFAULT;
     if (items_.Find(handle) == nullptr) return;
     if ((answer & CDRF_SKIPDEFAULT) == 0) PaintItem(dc, item, row, drawing);
     if ((answer & CDRF_NOTIFYPOSTPAINT) != 0) TellDrawing(drawing, CDDS_ITEMPOSTPAINT);
 }
 
-void TreeViewControl::PaintItem(HDC dc, const TreeItem& item, int row, const NMTVCUSTOMDRAW& colors) const {
+void TreeViewControl::PaintItem(HDC dc, const TreeItem& item, int row,
+                                const NMTVCUSTOMDRAW& colors) const {
     if (HasStyle(TVS_HASLINES)) PaintLines(dc, item, row);
     const RECT button = ButtonRect(item, row);
     if (HasStyle(TVS_HASBUTTONS) && item.can_expand() && button.right > button.left) {
         RECT ground = button;
         InflateRect(&ground, -3, -(item_height_ - 10) / 2);
         FillColor(dc, ground, GetSysColor(COLOR_WINDOW));
-        DrawChevron(dc, button, item.expanded() ? Direction::kDown : Direction::kRight, look::kSecondary);
+        DrawChevron(dc, button, item.expanded() ? Direction::kDown : Direction::kRight,
+                    look::kSecondary);
     }
     RECT text = TextRect(item, row);
     FillColor(dc, text, colors.clrTextBk);
@@ -230,7 +237,8 @@ void TreeViewControl::PaintLines(HDC dc, const TreeItem& item, int row) const {
     for (const TreeItem* at = item.parent; at->parent != nullptr; at = at->parent) {
         x -= kIndent;
         if (x < 0) return;
-        if (items_.Sibling(*at, 1) != nullptr) FillColor(dc, {x, own.top, x + 1, own.bottom}, look::kLine);
+        if (items_.Sibling(*at, 1) != nullptr)
+            FillColor(dc, {x, own.top, x + 1, own.bottom}, look::kLine);
     }
 }
 

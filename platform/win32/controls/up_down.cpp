@@ -3,8 +3,10 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <cassert>
 
 #include "platform/win32/controls/control.h"
+#include "platform/win32/controls/control_host.h"
 
 namespace winbase {
 
@@ -21,22 +23,15 @@ POINT PointFrom(LPARAM lParam) {
 }  // namespace
 
 LRESULT CALLBACK UpDownControl::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-        SetWindowLongPtrA(window, 0, reinterpret_cast<LONG_PTR>(new UpDownControl(window)));
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    auto* const control = reinterpret_cast<UpDownControl*>(GetWindowLongPtrA(window, 0));
-    if (control == nullptr) return DefWindowProcA(window, message, wParam, lParam);
-    if (message == WM_NCDESTROY) {
-        SetWindowLongPtrA(window, 0, 0);
-        delete control;
-        return DefWindowProcA(window, message, wParam, lParam);
-    }
-    return control->Message(message, wParam, lParam);
+    return HostControl<UpDownControl>(window, message, wParam, lParam);
 }
 
 LRESULT UpDownControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
+        case WM_CREATE:
+            assert((GetWindowLongA(window_, GWL_STYLE) & 0xFFFF & ~UDS_HORZ) == 0 &&
+                   "an up-down has neither a buddy nor a range");
+            return 0;
         case WM_PAINT: Paint(); return 0;
         case WM_ERASEBKGND: return 1;
         case WM_ENABLE:
@@ -46,7 +41,10 @@ LRESULT UpDownControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_LBUTTONDOWN:
         case WM_LBUTTONDBLCLK: Press(PointFrom(lParam)); return 0;
         case WM_LBUTTONUP:
-            if (pressed_ != Part::kNone) ReleaseCapture();
+            if (pressed_ != Part::kNone) {
+                ReleaseCapture();
+                TellScroll(SB_ENDSCROLL);
+            }
             return 0;
         case WM_CAPTURECHANGED: Stop(); return 0;
         case WM_MOUSEMOVE: Hover(PointFrom(lParam)); return 0;
@@ -61,7 +59,9 @@ LRESULT UpDownControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-bool UpDownControl::Horizontal() const { return (GetWindowLongA(window_, GWL_STYLE) & UDS_HORZ) != 0; }
+bool UpDownControl::Horizontal() const {
+    return (GetWindowLongA(window_, GWL_STYLE) & UDS_HORZ) != 0;
+}
 
 RECT UpDownControl::PartRect(Part part) const {
     RECT rect{};
@@ -114,18 +114,21 @@ void UpDownControl::Stop() {
 
 // Without a range of its own the control counts from 100 down to 0: its up arrow makes less.
 void UpDownControl::Step(int amount) {
-    const HWND window = window_;
     NMUPDOWN notification{};
     notification.iPos = position_;
     notification.iDelta = pressed_ == Part::kUp ? -amount : amount;
     const LRESULT refused = TellParent(window_, notification.hdr, UDN_DELTAPOS);
-    if (!IsWindow(window)) return;
     if (refused == 0) {
         constexpr int kLast = 100;
         position_ = std::clamp(position_ + notification.iDelta, 0, kLast);
     }
+    TellScroll(SB_THUMBPOSITION);
+}
+
+void UpDownControl::TellScroll(int code) {
+    if (!IsWindow(window_)) return;
     SendMessageA(GetParent(window_), Horizontal() ? WM_HSCROLL : WM_VSCROLL,
-                 MAKEWPARAM(SB_THUMBPOSITION, position_), reinterpret_cast<LPARAM>(window_));
+                 MAKEWPARAM(code, position_), reinterpret_cast<LPARAM>(window_));
 }
 
 void UpDownControl::Hover(POINT point) {

@@ -14,10 +14,11 @@ public:
 
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
+    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
+
 private:
     enum class Part { kNone, kUp, kDown };
 
-    LRESULT Message(UINT message, WPARAM wParam, LPARAM lParam);
     bool Horizontal() const;
     RECT PartRect(Part part) const;
     Part PartAt(POINT point) const;
@@ -25,6 +26,7 @@ private:
     void Repeat();
     void Stop();
     void Step(int amount);
+    void TellScroll(int code);
     void Hover(POINT point);
     void Paint();
 
