@@ -99,17 +99,18 @@ SIZE MeasureText(HDC dc, const std::string& text, int width) {
     RECT area{0, 0, width, 0};
     DrawTextA(dc, text.c_str(), static_cast<int>(text.size()), &area,
               DT_WORDBREAK | DT_EXPANDTABS | DT_NOPREFIX | DT_CALCRECT);
-    return {std::min<LONG>(area.right, width), area.bottom};
+    return {area.right, area.bottom};
 }
 
-/// Lines of a readable length; longer ones only when the text would not fit the screen.
+/// Lines of a readable length; longer ones only for a long word, a path perhaps, and for a text
+/// that would not fit the screen.
 SIZE TextSize(HDC dc, const std::string& text, const RECT& work) {
     constexpr int kReadable = 420;
-    const int widest = std::max<int>(kReadable, (work.right - work.left) * 3 / 4);
+    const LONG widest = std::max<LONG>(kReadable, (work.right - work.left) * 3 / 4);
     const LONG highest = (work.bottom - work.top) * 3 / 5;
     SIZE size = MeasureText(dc, text, kReadable);
     if (size.cy > highest) size = MeasureText(dc, text, widest);
-    return {size.cx, std::min(size.cy, highest)};
+    return {std::min(size.cx, widest), std::min(size.cy, highest)};
 }
 
 int CaptionWidth(HDC dc, const char* caption) {
