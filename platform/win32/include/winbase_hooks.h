@@ -42,6 +42,12 @@ WINBASE_HOOK std::vector<ShownText> ShownTexts(HDC dc);
 /// The smallest rectangle around what the context can draw on, as an RGB picture; `path` is the
 /// system's own. False when there is nothing to see or the file can't be written.
 WINBASE_HOOK bool WritePng(HDC dc, const char* path);
+/// The texts that a window's client area shows, in its coordinates.
+WINBASE_HOOK std::vector<ShownText> ShownTexts(HWND window);
+/// A window with its frame as a picture, or the whole desktop for null.
+WINBASE_HOOK bool SaveWindowPng(HWND window, const char* path);
+/// Windows that exist.
+WINBASE_HOOK std::size_t LiveWindowCount();
 /// Pixels of one logical pixel each way, 1 to 3, on surfaces and bitmaps that are made from now on.
 WINBASE_HOOK void SetScale(int scale);
 

@@ -52,7 +52,6 @@ struct PaintState {
     bool erase = false;       ///< the ground of `update` is still to be erased
     bool frame = false;       ///< the frame is still to be painted
     bool internal = false;    ///< WM_PAINT is wanted though nothing is invalid
-    bool in_begin_paint = false;
 };
 
 /// One window. Positions are in logical pixels (scale 1).
@@ -84,12 +83,10 @@ struct Window {
     ScrollBar scroll[2];  ///< SB_HORZ, SB_VERT
     std::unique_ptr<Surface> surface;  ///< top-level windows only
     HWND last_focus = nullptr;         ///< for dialogs: where the focus returns to
-    HWND last_active_popup = nullptr;
 
-    bool redraw_off = false;  ///< WM_SETREDRAW 0
+    bool size_told = true;  ///< WM_SIZE has been sent; frames hear it when they are first shown
     bool destroying = false;
     bool created = false;  ///< WM_CREATE has been answered
-    bool unicode = false;
     int locks = 0;  ///< calls into the window that have not returned
 };
 
@@ -158,6 +155,8 @@ void InvalidateWindow(Window* window, const Region& region, UINT redraw_flags);
 
 /// Where the desktop is shown; null when the layer is headless.
 present::Screen* CurrentScreen();
+/// Logical size of the desktop.
+SIZE DesktopSize();
 /// Shows what was drawn once a frame is due. Milliseconds until the next one, -1 for none.
 int PresentFrame();
 /// The window that shows the desktop has another size (logical pixels), or lost its picture.
