@@ -78,44 +78,23 @@ const AFX_MSGMAP_ENTRY* FindCommand(const AFX_MSGMAP* map, UINT message, UINT co
 /// Forgets kept answers: maps may go away with their library.
 void ForgetMessageMaps();
 
-// How the arguments of a message become those of its handler: one function for each signature.
-template <class Object, std::integral Value>
-bool Invoke(Object& target, void (Object::*handler)(Value), const Arguments& arguments) {
-    (target.*handler)(static_cast<Value>(arguments.wParam));
-    return true;
-}
-using Target = CCmdTarget;
-#define TOOLKIT_SIGNATURE(result, ...) \
-    TOOLKIT_API bool Invoke(Target&, result (Target::*)(__VA_ARGS__), const Arguments&)
-TOOLKIT_SIGNATURE(void, );
-TOOLKIT_SIGNATURE(void, int, int);                  // WM_MOVE
-TOOLKIT_SIGNATURE(void, UINT, int, int);            // WM_SIZE
-TOOLKIT_SIGNATURE(void, BOOL, UINT);                // WM_SHOWWINDOW
-TOOLKIT_SIGNATURE(void, UINT, UINT, UINT);          // keys
-TOOLKIT_SIGNATURE(void, UINT, CPoint);              // mouse
-TOOLKIT_SIGNATURE(void, UINT, UINT, CScrollBar*);   // scroll bars
-TOOLKIT_SIGNATURE(void, CWnd*);                     // focus
-TOOLKIT_SIGNATURE(void, CWnd*, CPoint);             // WM_CONTEXTMENU
-TOOLKIT_SIGNATURE(void, int, LPDRAWITEMSTRUCT);     // WM_DRAWITEM
-TOOLKIT_SIGNATURE(void, int, LPMEASUREITEMSTRUCT);  // WM_MEASUREITEM
-TOOLKIT_SIGNATURE(void, NMHDR*, LRESULT*);          // notifications
-TOOLKIT_SIGNATURE(int, LPCREATESTRUCT);             // WM_CREATE
-TOOLKIT_SIGNATURE(UINT, );                          // WM_GETDLGCODE
-TOOLKIT_SIGNATURE(BOOL, CDC*);                      // WM_ERASEBKGND
-TOOLKIT_SIGNATURE(BOOL, CWnd*, UINT, UINT);         // WM_SETCURSOR
-TOOLKIT_SIGNATURE(BOOL, UINT, short, CPoint);       // WM_MOUSEWHEEL
-TOOLKIT_SIGNATURE(HBRUSH, CDC*, CWnd*, UINT);       // WM_CTLCOLOR...
-TOOLKIT_SIGNATURE(HBRUSH, CDC*, UINT);              // WM_CTLCOLOR..., reflected
-TOOLKIT_SIGNATURE(LRESULT, WPARAM, LPARAM);         // ON_MESSAGE
-#undef TOOLKIT_SIGNATURE
-
-template <class Handler>
-AFX_MSGMAP_ENTRY Entry(UINT message, UINT code, UINT first, UINT last, Handler handler) {
-    const Invoker invoke = [](CCmdTarget& target, AnyHandler any, const Arguments& arguments) {
-        return Invoke(target, std::bit_cast<Handler>(any), arguments);
-    };
-    return {message, code, first, last, invoke, std::bit_cast<AnyHandler>(handler)};
-}
+/// Makes entries for handlers of one signature in the map of one class. A handler may be a base's.
+template <class Class, class Signature>
+struct EntryOf;
+template <class Class, class Result, class... Values>
+struct EntryOf<Class, Result(Values...)> {
+    template <class Owner>
+    requires std::derived_from<Class, Owner> && std::derived_from<Class, CCmdTarget>
+    static AFX_MSGMAP_ENTRY Make(UINT message, UINT code, UINT first, UINT last,
+                                 Result (Owner::*handler)(Values...)) {
+        const Invoker invoke = [](CCmdTarget& target, AnyHandler any, const Arguments& arguments) {
+            // Called in its own class, not in CCmdTarget: bases may stand before that one.
+            Owner& owner = static_cast<Class&>(target);
+            return Invoke(owner, std::bit_cast<Result (Owner::*)(Values...)>(any), arguments);
+        };
+        return {message, code, first, last, invoke, std::bit_cast<AnyHandler>(handler)};
+    }
+};
 
 }  // namespace toolkit
 
@@ -138,18 +117,16 @@ protected:                                        \
     return &map;                                                               \
     }
 
-/// The handler as a member of ThisClass with this signature exactly, then as the map keeps it.
-#define TOOLKIT_HANDLER(result, member, ...)          \
-    static_cast<result (CCmdTarget::*)(__VA_ARGS__)>( \
-        static_cast<result (ThisClass::*)(__VA_ARGS__)>(member))
+/// An entry whose handler has this signature exactly.
+#define TOOLKIT_MAKE(message, code, first, last, result, member, ...) \
+    toolkit::EntryOf<ThisClass, result(__VA_ARGS__)>::Make(message, code, first, last, member)
 #define TOOLKIT_ENTRY(message, result, member, ...) \
-    toolkit::Entry(message, 0, 0, 0, TOOLKIT_HANDLER(result, member, __VA_ARGS__)),
+    TOOLKIT_MAKE(message, 0, 0, 0, result, member, __VA_ARGS__),
 #define TOOLKIT_RANGE(code, first, last, member) \
-    toolkit::Entry(WM_COMMAND, code, first, last, TOOLKIT_HANDLER(void, member, UINT)),
+    TOOLKIT_MAKE(WM_COMMAND, code, first, last, void, member, UINT),
 
 #define ON_MESSAGE(message, member) TOOLKIT_ENTRY(message, LRESULT, member, WPARAM, LPARAM)
-#define ON_CONTROL(code, id, member) \
-    toolkit::Entry(WM_COMMAND, code, id, id, TOOLKIT_HANDLER(void, member)),
+#define ON_CONTROL(code, id, member) TOOLKIT_MAKE(WM_COMMAND, code, id, id, void, member),
 #define ON_COMMAND(id, member) ON_CONTROL(0, id, member)
 #define ON_BN_CLICKED(id, member) ON_CONTROL(BN_CLICKED, id, member)
 #define ON_EN_CHANGE(id, member) ON_CONTROL(EN_CHANGE, id, member)
@@ -160,7 +137,6 @@ protected:                                        \
 #define ON_CONTROL_RANGE(code, first, last, member) TOOLKIT_RANGE(code, first, last, member)
 #define ON_COMMAND_RANGE(first, last, member) TOOLKIT_RANGE(0, first, last, member)
 #define ON_NOTIFY(code, id, member) \
-    toolkit::Entry(WM_NOTIFY, code, id, id, TOOLKIT_HANDLER(void, member, NMHDR*, LRESULT*)),
-#define ON_NOTIFY_REFLECT(code, member)                         \
-    toolkit::Entry(toolkit::kReflected | WM_NOTIFY, code, 0, 0, \
-                   TOOLKIT_HANDLER(void, member, NMHDR*, LRESULT*)),
+    TOOLKIT_MAKE(WM_NOTIFY, code, id, id, void, member, NMHDR*, LRESULT*),
+#define ON_NOTIFY_REFLECT(code, member) \
+    TOOLKIT_MAKE(toolkit::kReflected | WM_NOTIFY, code, 0, 0, void, member, NMHDR*, LRESULT*),

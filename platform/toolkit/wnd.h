@@ -196,3 +196,6 @@ private:
 
 /// A scroll bar that is a control. The bars of a window's frame have no object.
 class TOOLKIT_API CScrollBar : public CWnd {};
+
+// The maps of classes call their handlers by it.
+#include "platform/toolkit/message_invoke.h"  // IWYU pragma: export

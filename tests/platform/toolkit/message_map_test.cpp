@@ -12,11 +12,11 @@ namespace {
 // map.
 template <class ThisClass>
 concept FitsSize = requires {
-    TOOLKIT_HANDLER(void, &ThisClass::OnSize, UINT, int, int);
+    TOOLKIT_MAKE(WM_SIZE, 0, 0, 0, void, &ThisClass::OnSize, UINT, int, int);
 };
 template <class ThisClass>
 concept FitsTimer = requires {
-    TOOLKIT_HANDLER(void, &ThisClass::OnTimer, UINT_PTR);
+    TOOLKIT_MAKE(WM_TIMER, 0, 0, 0, void, &ThisClass::OnTimer, UINT_PTR);
 };
 
 struct Right : CWnd {
@@ -86,7 +86,9 @@ END_MESSAGE_MAP()
 // The second base moves the first one inside the object.
 struct Listener {
     virtual ~Listener() = default;
+    void OnListen() { heard = value; }
     int value = 5;
+    int heard = 0;
 };
 
 class Derived : public Listener, public Base {
@@ -103,6 +105,8 @@ BEGIN_MESSAGE_MAP(Derived, Base)
     ON_CONTROL_RANGE(LBN_SELCHANGE, 10, 12, &Derived::OnRange)
     ON_COMMAND_RANGE(12, 13, &Derived::OnRange)
     ON_CBN_SELCHANGE(3, &Derived::OnSelection)
+    ON_COMMAND(6, &Derived::OnListen)
+    ON_COMMAND(7, &Derived::OnChange)
 END_MESSAGE_MAP()
 
 class Empty : public Derived {
@@ -149,6 +153,14 @@ TEST(MessageMap, CommandsFindTheNearestHandler) {
         EXPECT_EQ(Command<Derived>(row.id, row.code), row.derived);
         EXPECT_EQ(Command<Empty>(row.id, row.code), row.derived);
     }
+}
+
+TEST(MessageMap, HandlersMayComeFromAnyBase) {
+    Derived target;
+    EXPECT_TRUE(target.OnCmdMsg(6, 0, nullptr, nullptr));
+    EXPECT_EQ(target.heard, 5);
+    EXPECT_TRUE(target.OnCmdMsg(7, 0, nullptr, nullptr));
+    EXPECT_EQ(target.called, "change");
 }
 
 TEST(MessageMap, NotificationsCarryHeaderAndAnswer) {
