@@ -71,9 +71,20 @@ void Refuse(Window* window) {
     if (LookUp(handle) != nullptr) ForgetDestroyed(window);
 }
 
+// A hook sees the window before its first message and may refuse it, which then hears of nothing.
+bool AskHooks(Window* window, CREATESTRUCTA& create) {
+    CBT_CREATEWNDA hooked{&create, HWND_TOP};
+    const auto wParam = reinterpret_cast<WPARAM>(window->handle);
+    if (CallHooks(WH_CBT, HCBT_CREATEWND, wParam, reinterpret_cast<LPARAM>(&hooked)) == 0)
+        return true;
+    ForgetDestroyed(window);
+    return false;
+}
+
 bool SendCreation(Window* window, CREATESTRUCTA& create) {
     const HWND handle = window->handle;
     const auto lParam = reinterpret_cast<LPARAM>(&create);
+    if (!AskHooks(window, create)) return false;
     AskSize(window, create);
     if (LookUp(handle) == nullptr) return false;
     if (CallProcedure(window, WM_NCCREATE, 0, lParam) == 0) {
@@ -142,8 +153,9 @@ HWND WINAPI CreateWindowExA(DWORD ex_style, LPCSTR class_name, LPCSTR window_nam
         SetLastError(parent == nullptr ? kErrorChildWithoutParent : ERROR_INVALID_WINDOW_HANDLE);
         return nullptr;
     }
-    CREATESTRUCTA create{parameter, instance, menu_or_id, parent, height, width, y, x,
-                         static_cast<LONG>(style), window_name, class_name, ex_style};
+    CREATESTRUCTA create{
+        parameter,   instance,   menu_or_id, parent, height, width, y, x, static_cast<LONG>(style),
+        window_name, class_name, ex_style};
     CompleteStyles(create);
     ChoosePlace(create);
     Window* const window = Make(*window_class, create);
@@ -171,6 +183,7 @@ HWND WINAPI CreateWindowExA(DWORD ex_style, LPCSTR class_name, LPCSTR window_nam
         NotifyParent(window, WM_CREATE);
         if (LookUp(handle) == nullptr) return nullptr;
     }
-    if ((style & WS_VISIBLE) != 0) ShowWindow(handle, (style & WS_MAXIMIZE) != 0 ? SW_SHOWMAXIMIZED : SW_SHOW);
+    if ((style & WS_VISIBLE) != 0)
+        ShowWindow(handle, (style & WS_MAXIMIZE) != 0 ? SW_SHOWMAXIMIZED : SW_SHOW);
     return LookUp(handle) != nullptr ? handle : nullptr;
 }
