@@ -17,6 +17,7 @@ struct ManualClock {
     std::mutex mutex;
     std::uint64_t ticks = 0;
     std::int64_t local_millis = 0;  ///< local time, counted from 1970 as if it were UTC
+    std::atomic<void (*)()> listener = nullptr;
 };
 
 ManualClock& TheManualClock() {
@@ -61,6 +62,8 @@ std::uint64_t ClockTicks() {
     return static_cast<std::uint64_t>(MillisOf(now));
 }
 
+void SetClockListener(void (*listener)()) { TheManualClock().listener = listener; }
+
 namespace hooks {
 
 void UseManualClock(DWORD ticks, const SYSTEMTIME& local_time) {
@@ -74,9 +77,12 @@ void UseManualClock(DWORD ticks, const SYSTEMTIME& local_time) {
 void AdvanceClock(DWORD millis) {
     ManualClock& manual = TheManualClock();
     if (!manual.on) return;
-    const std::lock_guard lock(manual.mutex);
-    manual.ticks += millis;
-    manual.local_millis += millis;
+    {
+        const std::lock_guard lock(manual.mutex);
+        manual.ticks += millis;
+        manual.local_millis += millis;
+    }
+    if (void (*const listener)() = manual.listener) listener();
 }
 
 bool IsClockManual() { return TheManualClock().on; }

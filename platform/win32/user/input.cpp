@@ -15,6 +15,7 @@ namespace {
 std::deque<InputEvent> g_events;
 unsigned g_next_number = 0;
 bool g_refresh = false;
+bool g_pointer_known = false;
 
 void Push(InputEvent event) {
     event.number = ++g_next_number;
@@ -72,18 +73,12 @@ void TakeScreenEvent(const present::Event& event) {
     }
 }
 
-// Windows that moved under a resting pointer hear of it as of a move.
+// Windows that moved under a resting pointer hear of it as of a move. A pointer that nobody has moved
+// yet is nowhere.
 void QueueRefresh() {
     if (!g_refresh || !g_events.empty()) return;
     g_refresh = false;
-    static POINT last_place{};
-    static HWND last_window = nullptr;
-    const POINT place = PointerPlace();
-    const HWND window = GetCapture() != nullptr ? GetCapture() : WindowFromPoint(place);
-    if (window == last_window && place.x == last_place.x && place.y == last_place.y) return;
-    last_window = window;
-    last_place = place;
-    QueueMove(place);
+    if (g_pointer_known && IsPointerOverNews()) QueueMove(PointerPlace());
 }
 
 Resolution Resolve(const InputEvent& event, const MessageFilter& filter, MSG& message) {
@@ -107,6 +102,7 @@ bool Erase(unsigned number) {
 
 void QueueMove(POINT place) {
     SetPointerPlace(place);
+    g_pointer_known = true;
     // Only the last of several moves in a row is told.
     if (!g_events.empty() && g_events.back().kind == InputKind::kMove) g_events.pop_back();
     Push({});
@@ -158,8 +154,8 @@ InputFind TakeInput(const MessageFilter& filter, bool remove, MSG& message) {
         if (resolution == Resolution::kMessage && !remove) return InputFind::kFound;
         // A loop inside a window's answer may have fetched the event already.
         if (!Erase(event.number)) return InputFind::kLookAgain;
-        if (!Commit(event, message)) return InputFind::kLookAgain;
-        if (resolution == Resolution::kMessage) return InputFind::kFound;
+        const bool told = Commit(event, message) && resolution == Resolution::kMessage;
+        return told ? InputFind::kFound : InputFind::kLookAgain;
     }
     return InputFind::kNone;
 }

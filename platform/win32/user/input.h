@@ -40,7 +40,8 @@ UINT InputKinds();
 
 /// kGone: nobody is to get the event. kOther: the filter leaves it in the queue.
 enum class Resolution { kMessage, kGone, kOther, kLookAgain };
-/// Says which message an event is; nothing changes but that windows are asked WM_NCHITTEST.
+/// Says which message an event is. Windows are asked WM_NCHITTEST; a pointer that left the window
+/// which waits for that is told of (kLookAgain).
 Resolution ResolveMouse(const InputEvent& event, const MessageFilter& filter, MSG& message);
 Resolution ResolveKey(const InputEvent& event, const MessageFilter& filter, MSG& message);
 /// The event has left the queue: key states, activation, cursor. False when its message is eaten.
@@ -57,7 +58,9 @@ bool IsKeyDownNow(int key);
 WPARAM MouseKeys();
 int ButtonKey(int button);
 
-/// What a mouse message is in its frame version, and whether such a press makes a double click.
+/// True when the pointer rests over another window or part of a window than it last told of.
+bool IsPointerOverNews();
+/// Forgets a window that goes away.
 void ForgetPointer(HWND window);
 
 }  // namespace winbase

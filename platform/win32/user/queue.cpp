@@ -68,7 +68,7 @@ bool Look(MSG& message, const MessageFilter& filter, bool remove) {
 
 void SleepUntilNext(const MessageFilter& filter, int millis) {
     int patience = Sooner(millis, MillisToTimer(filter));
-    patience = Sooner(patience, MillisToHover());
+    patience = Sooner(patience, MillisToHover(filter));
     patience = Sooner(patience, PresentFrame());
     TakeScreenEvents(TheQueue().Sleep(patience, CurrentScreen()));
 }

@@ -41,7 +41,7 @@ struct ScrollBar {
     int maximum = 100;
     UINT page = 0;
     int position = 0;
-    int track_position = 0;
+    int track_position = 0;  ///< while `tracking`: where the thumb is held
     UINT disabled_arrows = 0;
     bool tracking = false;
 };
@@ -85,6 +85,8 @@ struct Window {
     HWND last_focus = nullptr;         ///< for dialogs: where the focus returns to
 
     bool size_told = true;  ///< WM_SIZE has been sent; frames hear it when they are first shown
+    bool frame_active = false;  ///< the frame shows the window as the active one
+    bool has_scroll_data = false;  ///< a scroll bar was asked for at some time
     bool destroying = false;
     bool created = false;  ///< WM_CREATE has been answered
     int locks = 0;  ///< calls into the window that have not returned
