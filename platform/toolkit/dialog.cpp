@@ -64,7 +64,10 @@ INT_PTR CDialog::DoModal() {
     }
     if (CreateFromTable(template_id_, owner)) RunLoop(frame);
     if (!frame.Alive()) return -1;
+    const bool destroyed = m_hWnd == nullptr;
     EnableOwner();
+    // When the dialog went, its owner could not yet take the activation.
+    if (destroyed && owner != nullptr && ::GetActiveWindow() == nullptr) ::SetActiveWindow(owner);
     DestroyWindow();
     kind_ = Kind::kModeless;
     return result_;

@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <functional>
 
+#include "platform/testing/input.h"
 #include "tests/platform/toolkit/test_module.h"
 
 namespace {
+
+using platform::testing::Pump;
 
 constexpr UINT kProbe = WM_APP + 10;
 constexpr UINT kStop = WM_APP + 11;
@@ -57,14 +60,6 @@ void GetLoop() {
     }
 }
 
-void PeekLoop() {
-    MSG message{};
-    while (::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-        ::TranslateMessage(&message);
-        ::DispatchMessageA(&message);
-    }
-}
-
 void LookFirstLoop() {
     MSG message{};
     while (::PeekMessageA(&message, nullptr, 0, 0, PM_NOREMOVE)) {
@@ -84,7 +79,7 @@ struct NamedLoop {
     void (*run)();
 };
 constexpr NamedLoop kLoops[] = {{"GetMessage", GetLoop},
-                                {"PeekMessage", PeekLoop},
+                                {"PeekMessage", Pump},
                                 {"look, then get", LookFirstLoop},
                                 {"CWinApp::Run", RunLoop}};
 
@@ -112,12 +107,12 @@ TEST(MessageFilter, AsksTheWindowThenThoseAboveIt) {
     const HWND bare =
         ::CreateWindowExA(0, "Static", "", WS_CHILD, 0, 0, 5, 5, inner, nullptr, nullptr, nullptr);
     ::PostMessageA(bare, kProbe, 0, 0);
-    PeekLoop();
+    Pump();
     EXPECT_EQ(inner.offered, 1);
     EXPECT_EQ(outer.offered, 1);
     inner.takes = true;
     ::PostMessageA(bare, kProbe, 0, 0);
-    PeekLoop();
+    Pump();
     EXPECT_EQ(inner.offered, 2);
     EXPECT_EQ(outer.offered, 1);
 }
@@ -127,7 +122,7 @@ TEST(MessageFilter, WorksInLoopsInsideHandlers) {
     probe.on_probe = [&] {
         probe.on_probe = nullptr;
         probe.PostMessage(kProbe);
-        PeekLoop();
+        Pump();
     };
     probe.PostMessage(kProbe);
     RunLoop();
@@ -146,7 +141,7 @@ TEST(MessageFilter, SurvivesAWindowThatEndsWhileItIsAsked) {
     auto* ending = new Ending;
     const HWND handle = *ending;
     ending->PostMessage(kProbe);
-    PeekLoop();
+    Pump();
     EXPECT_FALSE(::IsWindow(handle));
 }
 
@@ -155,7 +150,7 @@ TEST(MessageFilter, TheRunningApplicationSeesEverything) {
     app.seen.clear();
     Probe probe;
     probe.PostMessage(kProbe);
-    PeekLoop();
+    Pump();
     EXPECT_TRUE(app.seen.empty()) << "its loop does not run";
     probe.PostMessage(kProbe);
     RunLoop();
