@@ -22,6 +22,15 @@ LRESULT CALLBACK ComboBoxControl::Procedure(HWND window, UINT message, WPARAM wP
     return HostControl<ComboBoxControl>(window, message, wParam, lParam);
 }
 
+// A bar that a program asks for is the list's, and the field draws its own border.
+ComboBoxControl::ComboBoxControl(HWND window) : window_(window) {
+    const LONG style = GetWindowLongA(window, GWL_STYLE);
+    const LONG extended = GetWindowLongA(window, GWL_EXSTYLE);
+    constexpr LONG kFrameStyles = WS_VSCROLL | WS_HSCROLL | WS_BORDER;
+    SetWindowLongA(window, GWL_STYLE, style & ~kFrameStyles);
+    SetWindowLongA(window, GWL_EXSTYLE, extended & ~LONG{WS_EX_CLIENTEDGE});
+}
+
 LRESULT ComboBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
     if (list_ == nullptr && message != WM_CREATE)
         return DefWindowProcA(window_, message, wParam, lParam);

@@ -18,7 +18,7 @@ inline constexpr int kComboEditId = 1001;
 /// field's own height follows the font.
 class ComboBoxControl {
 public:
-    explicit ComboBoxControl(HWND window) : window_(window) {}
+    explicit ComboBoxControl(HWND window);
     ComboBoxControl(const ComboBoxControl&) = delete;
     ComboBoxControl& operator=(const ComboBoxControl&) = delete;
 

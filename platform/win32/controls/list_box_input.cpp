@@ -238,7 +238,7 @@ void ListBoxControl::PaintRow(HDC dc, int index, const RECT& row) {
 
 void ListBoxControl::AskRow(HDC dc, int index, const RECT& row, UINT action) {
     const UseFont use(dc, font_);
-    if (action != ODA_FOCUS) AskColors(window_, dc, WM_CTLCOLORLISTBOX);
+    if (action == ODA_SELECT) AskColors(window_, dc, WM_CTLCOLORLISTBOX);
     DRAWITEMSTRUCT draw{};
     draw.CtlType = ODT_LISTBOX;
     draw.CtlID = static_cast<UINT>(GetDlgCtrlID(window_));

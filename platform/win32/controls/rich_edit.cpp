@@ -52,7 +52,7 @@ LRESULT RichEditControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
 
 LRESULT RichEditControl::SelectRange(LONG from, LONG to) {
     if (from < 0) {
-        MoveCaret(text_.selection_end(), false);
+        MoveCaret(to < 0 ? text_.size() : text_.selection_end(), false);
         end_mark_selected_ = false;
         return static_cast<LRESULT>(text_.caret());
     }

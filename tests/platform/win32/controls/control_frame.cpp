@@ -184,9 +184,12 @@ std::string ControlFrame::Text() const {
 }
 
 void ControlFrame::ClickOnce(int x, int y) {
-    platform::testing::Click(frame_, 5, 300);
+    EndClickSequence();
     platform::testing::Click(ctl_, x, y);
 }
+
+// A click on nothing stands between.
+void ControlFrame::EndClickSequence() { platform::testing::Click(frame_, 5, 300); }
 
 std::string ControlFrame::Take() {
     platform::testing::Pump();

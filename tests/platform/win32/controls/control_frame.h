@@ -31,6 +31,7 @@ protected:
 
     /// A click that no other click before it turns into a double click.
     void ClickOnce(int x, int y);
+    void EndClickSequence();
     void FocusElsewhere() { SetFocus(next_); }
 
     /// Dispatches what the queue holds; then what was told since the last call.

@@ -239,10 +239,15 @@ TEST_F(Edits, TheMouseSelects) {
     Use(ES_AUTOHSCROLL, 200, "one two");
     Run({
         {"click", [&] { ClickOnce(4, 12); }, "EN_SETFOCUS", "\"one two\" 0..0"},
-        {"double click", [&] { platform::testing::DoubleClick(ctl_, 5, 12); }, "",
-         "\"one two\" 0..4"},
+        {"double click",
+         [&] {
+             EndClickSequence();
+             platform::testing::DoubleClick(ctl_, 5, 12);
+         },
+         "", "\"one two\" 0..4"},
         {"drag",
          [&] {
+             EndClickSequence();
              platform::testing::Drag(platform::testing::ScreenPoint(ctl_, 3, 12),
                                      platform::testing::ScreenPoint(ctl_, 190, 12));
          },

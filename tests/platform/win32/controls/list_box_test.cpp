@@ -156,7 +156,7 @@ TEST_F(ListBoxes, TellOfChoicesMadeByHand) {
         {"click the same", [&] { ClickRow(0); }, "LBN_SELCHANGE", "cur 0"},
         {"double click",
          [&] {
-             ClickOnce(400, 400);
+             EndClickSequence();
              platform::testing::DoubleClick(ctl_, 20, kRow + 9);
          },
          "LBN_SELCHANGE LBN_DBLCLK", "cur 1"},

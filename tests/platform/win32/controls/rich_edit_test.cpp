@@ -78,7 +78,7 @@ TEST_F(RichEdits, TellWhatTheirMaskAsksFor) {
              Select(-1, -1);
              Send(EM_REPLACESEL, TRUE, "q\r\n");
          },
-         "EN_SELCHANGE(5..5) EN_CHANGE EN_UPDATE", "\"ghiq\r\n\" 5..5"},
+         "EN_SELCHANGE(3..3) EN_SELCHANGE(5..5) EN_CHANGE EN_UPDATE", "\"ghiq\r\n\" 5..5"},
     });
 }
 

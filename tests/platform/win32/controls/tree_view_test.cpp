@@ -125,8 +125,7 @@ TEST_F(Trees, TellOfTheMouse) {
          "NM_RCLICK", "3 expanded"},
         {"double click",
          [&] {
-             ClickOnce(140, 110);
-             Take();
+             EndClickSequence();
              platform::testing::DoubleClick(ctl_, TextPoint(r_).x, TextPoint(r_).y);
          },
          "NM_CLICK TVN_SELCHANGING(3>1 by 1 state 96) TVN_SELCHANGED(3>1 by 1 state 98) "
