@@ -65,7 +65,15 @@ CallFrame::~CallFrame() {
 
 LRESULT CALLBACK WindowProcedure(HWND handle, UINT message, WPARAM wParam, LPARAM lParam) {
     CWnd* window = CWnd::FromHandlePermanent(handle);
-    if (window == nullptr) return ::DefWindowProcA(handle, message, wParam, lParam);
+    if (window == nullptr) {
+        const auto left = State().left_behind.find(handle);
+        if (left == State().left_behind.end()) {
+            return ::DefWindowProcA(handle, message, wParam, lParam);
+        }
+        const WNDPROC procedure = left->second;
+        if (message == WM_NCDESTROY) State().left_behind.erase(left);
+        return ::CallWindowProcA(procedure, handle, message, wParam, lParam);
+    }
     const CallFrame frame(*window, {handle, message, wParam, lParam, 0, {}});
     return window->WindowProc(message, wParam, lParam);
 }

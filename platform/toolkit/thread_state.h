@@ -13,6 +13,8 @@ namespace toolkit {
 struct ThreadState {
     std::unordered_map<HWND, CWnd*> windows;                   ///< objects bound to windows
     std::unordered_map<HWND, std::unique_ptr<CWnd>> visitors;  ///< see CWnd::FromHandle
+    /// Procedures of windows that an object left while others had taken the messages after it.
+    std::unordered_map<HWND, WNDPROC> left_behind;
     CWnd* creating = nullptr;    ///< the object whose window is about to be made
     CWinApp* running = nullptr;  ///< the application whose loop runs, if one does
     MSG message{};               ///< what is being handled, for CWnd::Default

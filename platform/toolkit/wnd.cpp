@@ -136,7 +136,8 @@ HWND CWnd::Detach() {
 }
 
 BOOL CWnd::SubclassWindow(HWND handle) {
-    if (!::IsWindow(handle) || !Attach(handle)) return FALSE;
+    const bool left = toolkit::State().left_behind.contains(handle);
+    if (!::IsWindow(handle) || left || !Attach(handle)) return FALSE;
     TakeMessages();
     return TRUE;
 }
@@ -149,11 +150,14 @@ HWND CWnd::UnsubclassWindow() {
     const HWND handle = Detach();
     const WNDPROC procedure = former_procedure_;
     former_procedure_ = nullptr;
-    // Who took the messages after us would lose them if ours were put back over theirs.
+    if (procedure == nullptr) return handle;
     const bool outermost = ::GetWindowLongPtrA(handle, GWLP_WNDPROC) ==
                            reinterpret_cast<LONG_PTR>(&toolkit::WindowProcedure);
-    if (procedure != nullptr && outermost) {
+    if (outermost) {
         ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    } else {
+        // Who took the messages after us goes on handing them to our procedure.
+        toolkit::State().left_behind[handle] = procedure;
     }
     return handle;
 }

@@ -44,6 +44,7 @@ public:
     /// Binds without taking messages.
     BOOL Attach(HWND handle);
     HWND Detach();
+    /// Not for a window that an object left while others had taken its messages.
     BOOL SubclassWindow(HWND handle);
     BOOL SubclassDlgItem(UINT id, CWnd* parent);
     HWND UnsubclassWindow();

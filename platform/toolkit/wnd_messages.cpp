@@ -98,6 +98,7 @@ void CWnd::OnMeasureItem(int id, LPMEASUREITEMSTRUCT) {
 LRESULT CWnd::Leave(WPARAM wParam, LPARAM lParam) {
     const WNDPROC procedure = former_procedure_;
     const HWND handle = UnsubclassWindow();
+    toolkit::State().left_behind.erase(handle);  // no message comes after this one
     left_ = true;
     return ::CallWindowProcA(procedure, handle, WM_NCDESTROY, wParam, lParam);
 }

@@ -255,7 +255,12 @@ TEST(Subclassing, LeavesWhoTookTheMessagesLater) {
     window.UnsubclassWindow();
     EXPECT_EQ(::GetWindowLongPtrA(handle, GWLP_WNDPROC),
               reinterpret_cast<LONG_PTR>(&AboveProcedure));
-    ::SetWindowLongPtrA(handle, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure_below));
+    // The control goes on without the object.
+    ::SetWindowTextA(handle, "abc");
+    EXPECT_EQ(::GetWindowTextLengthA(handle), 3);
+    EXPECT_GT(messages_above, 1);
+    EXPECT_EQ(log, Watched::Log{WM_GETTEXTLENGTH});
+    EXPECT_FALSE(window.SubclassWindow(handle));
     ::DestroyWindow(handle);
 }
 
