@@ -19,15 +19,16 @@ bool Save(const std::string& path) { return winbase::hooks::SaveWindowPng(nullpt
 
 struct ModalShot {
     std::string path;
+    BYTE closing_key = VK_ESCAPE;
     bool saved = false;
 };
 
-// The picture is taken while the box waits; Escape then ends it.
+// The picture is taken while the box waits; a key then ends it.
 void ShootModal(void* context) {
     auto& shot = *static_cast<ModalShot*>(context);
     shot.saved = Save(shot.path);
-    keybd_event(VK_ESCAPE, 0, 0, 0);
-    keybd_event(VK_ESCAPE, 0, KEYEVENTF_KEYUP, 0);
+    keybd_event(shot.closing_key, 0, 0, 0);
+    keybd_event(shot.closing_key, 0, KEYEVENTF_KEYUP, 0);
 }
 
 class Photographer {
@@ -39,8 +40,8 @@ public:
         good_ = Save(folder_ + "/" + name + ".png") && good_;
     }
 
-    void ShootBoxOf(int button, const char* name) {
-        ModalShot shot{folder_ + "/" + name + ".png"};
+    void ShootBoxOf(int button, const char* name, BYTE closing_key = VK_ESCAPE) {
+        ModalShot shot{folder_ + "/" + name + ".png", closing_key};
         platform::testing::WhenIdle(ShootModal, &shot);
         platform::testing::Click(Control(button));
         good_ = shot.saved && good_;
@@ -78,7 +79,7 @@ bool TakeShots(GalleryFrame& frame, const std::string& folder) {
     Click(photographer.Control(kOpenPopup));
     photographer.ShootBoxOf(kOpenAsk, "dialog");
     photographer.ShootBoxOf(kOpenBox, "box");
-    photographer.ShootBoxOf(kOpenQuestion, "question");
+    photographer.ShootBoxOf(kOpenQuestion, "question", VK_RETURN);
     photographer.ShootBoxOf(kOpenSave, "save_file");
     frame.list().SetFocus();
     Key(VK_NEXT);

@@ -43,7 +43,7 @@ WINBASE_HOOK std::vector<ShownText> ShownTexts(HDC dc);
 /// system's own. False when there is nothing to see or the file can't be written.
 WINBASE_HOOK bool WritePng(HDC dc, const char* path);
 /// The texts that a window's client area shows, in its coordinates.
-WINBASE_HOOK std::vector<ShownText> ShownTexts(HWND window);
+WINBASE_HOOK std::vector<ShownText> WindowTexts(HWND window);
 /// A window with its frame as a picture, or the whole desktop for null.
 WINBASE_HOOK bool SaveWindowPng(HWND window, const char* path);
 /// Windows that exist.

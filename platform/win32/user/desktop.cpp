@@ -234,7 +234,7 @@ bool SaveWindowPng(HWND handle, const char* path) {
     return WritePng(*top->surface, Moved(whole, -top->rect.left, -top->rect.top), path);
 }
 
-std::vector<ShownText> ShownTexts(HWND handle) {
+std::vector<ShownText> WindowTexts(HWND handle) {
     const HDC dc = GetDC(handle);
     if (dc == nullptr) return {};
     std::vector<ShownText> texts = ShownTexts(dc);
