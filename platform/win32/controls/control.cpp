@@ -51,6 +51,12 @@ void DrawBox(HDC dc, const RECT& box, COLORREF border, COLORREF fill, COLORREF o
     }
 }
 
+bool HasFrame(HWND control) {
+    const auto style = static_cast<DWORD>(GetWindowLongA(control, GWL_STYLE));
+    const auto extended = static_cast<DWORD>(GetWindowLongA(control, GWL_EXSTYLE));
+    return (style & WS_BORDER) != 0 || (extended & WS_EX_CLIENTEDGE) != 0;
+}
+
 void PaintInputFrame(HWND control, bool focused, HBRUSH inside) {
     const HDC dc = GetWindowDC(control);
     if (dc == nullptr) return;

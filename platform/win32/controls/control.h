@@ -37,6 +37,8 @@ enum class Direction { kUp, kDown, kLeft, kRight };
 void DrawChevron(HDC dc, const RECT& box, Direction direction, COLORREF color);
 
 void FillColor(HDC dc, const RECT& rect, COLORREF color);
+/// Whether a control has a border or a sunken edge.
+bool HasFrame(HWND control);
 /// Over the frame of an input or list with a border: one line, in the accent while it has the focus,
 /// and `inside` (null: paper) where the frame is wider.
 void PaintInputFrame(HWND control, bool focused, HBRUSH inside);

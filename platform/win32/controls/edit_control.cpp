@@ -350,7 +350,7 @@ void EditControl::GainFocus() {
     focused_ = true;
     StartCaret();
     Repaint();
-    if (HasFrame()) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    if (HasFrame(window_)) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     Tell(EN_SETFOCUS);
 }
 
@@ -359,7 +359,7 @@ void EditControl::LoseFocus() {
     lead_byte_ = 0;
     if (selecting_) ReleaseCapture();
     Repaint();
-    if (HasFrame()) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    if (HasFrame(window_)) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     Tell(EN_KILLFOCUS);
 }
 

@@ -122,7 +122,6 @@ private:
     void Release();
 
     void Paint();
-    bool HasFrame() const;
     void PaintFrame(HBRUSH inside) const;
     void PaintLines(HDC dc);
     void PaintLine(HDC dc, const TextLine& line, int y);

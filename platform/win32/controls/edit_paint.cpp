@@ -168,14 +168,9 @@ void EditControl::Paint() {
     EndPaint(window_, &paint);
 }
 
-bool EditControl::HasFrame() const {
-    const auto extended = static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE));
-    return HasStyle(WS_BORDER) || (extended & WS_EX_CLIENTEDGE) != 0;
-}
-
 // The border tells of the focus; what it leaves of the frame continues the ground.
 void EditControl::PaintFrame(HBRUSH inside) const {
-    if (HasFrame()) PaintInputFrame(window_, focused_, inside);
+    if (HasFrame(window_)) PaintInputFrame(window_, focused_, inside);
 }
 
 void EditControl::PaintLines(HDC dc) {
@@ -185,8 +180,11 @@ void EditControl::PaintLines(HDC dc) {
     IntersectClipRect(dc, area.left, area.top, area.right + 1, area.bottom);
     const int height = widths_.line_height();
     int y = area.top;
-    for (auto line = static_cast<std::size_t>(first_line_);
-         line < layout_.lines().size() && y < area.bottom; ++line, y += height) {
+    // Whole lines only, but one at least.
+    const auto first = static_cast<std::size_t>(first_line_);
+    const auto last =
+        std::min(first + static_cast<std::size_t>(VisibleLines()), layout_.lines().size());
+    for (std::size_t line = first; line < last; ++line, y += height) {
         PaintLine(dc, layout_.lines()[line], y);
     }
     PaintCaret(dc);

@@ -44,7 +44,7 @@ LRESULT ListBoxControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_PAINT: Paint(); return 0;
         case WM_NCPAINT:
             DefWindowProcA(window_, message, wParam, lParam);
-            if (HasFrame()) PaintInputFrame(window_, focused_, nullptr);
+            if (HasFrame(window_)) PaintInputFrame(window_, focused_, nullptr);
             return 0;
         case WM_ERASEBKGND: {
             const HDC dc = reinterpret_cast<HDC>(wParam);

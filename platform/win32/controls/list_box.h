@@ -67,7 +67,6 @@ private:
     void Focus(bool focused);
 
     void Paint();
-    bool HasFrame() const;
     void PaintRow(HDC dc, int index, const RECT& row);
     void AskRow(HDC dc, int index, const RECT& row, UINT action);
     void DrawRowNow(int index, UINT action);

@@ -163,13 +163,8 @@ void ListBoxControl::Highlight(int index) {
 void ListBoxControl::Focus(bool focused) {
     focused_ = focus_shown_ = focused;
     DrawRowNow(current_, ODA_FOCUS);
-    if (HasFrame()) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
+    if (HasFrame(window_)) RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
     Tell(focused ? LBN_SETFOCUS : LBN_KILLFOCUS);
-}
-
-bool ListBoxControl::HasFrame() const {
-    const auto extended = static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE));
-    return HasStyle(WS_BORDER) || (extended & WS_EX_CLIENTEDGE) != 0;
 }
 
 void ListBoxControl::RepaintRow(int index) {

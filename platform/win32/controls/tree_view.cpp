@@ -20,6 +20,10 @@ LRESULT TreeViewControl::Message(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFONT: SetFont(reinterpret_cast<HFONT>(wParam)); return 0;
         case WM_GETFONT: return reinterpret_cast<LRESULT>(font_);
         case WM_PAINT: Paint(); return 0;
+        case WM_NCPAINT:
+            DefWindowProcA(window_, message, wParam, lParam);
+            if (HasFrame(window_)) PaintInputFrame(window_, focused_, nullptr);
+            return 0;
         case WM_ERASEBKGND: {
             RECT client{};
             GetClientRect(window_, &client);

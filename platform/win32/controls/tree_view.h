@@ -69,6 +69,7 @@ private:
     void MoveTo(int row);
     void GainFocus();
     void LoseFocus();
+    void ShowFocus();
 
     // Painting
     void Paint();

@@ -131,15 +131,19 @@ void TreeViewControl::MoveTo(int row) {
 
 void TreeViewControl::GainFocus() {
     focused_ = true;
-    InvalidateRect(window_, nullptr, TRUE);
+    ShowFocus();
     const TreeItem* const first = items_.AtRow(0);
     if (caret_ == nullptr && first != nullptr) Select(first->handle, TVC_UNKNOWN);
     Tell(NM_SETFOCUS);
 }
 
+void TreeViewControl::ShowFocus() {
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
+}
+
 void TreeViewControl::LoseFocus() {
     focused_ = false;
-    InvalidateRect(window_, nullptr, TRUE);
+    ShowFocus();
     Tell(NM_KILLFOCUS);
 }
 
