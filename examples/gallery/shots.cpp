@@ -1,21 +1,17 @@
 #include "examples/gallery/shots.h"
 
+#include <fstream>
+
 #include "examples/gallery/gallery_frame.h"
 #include "examples/gallery/ids.h"
 #include "platform/testing/input.h"
-#ifndef _WIN32
-#include <winbase_hooks.h>
-#endif
+#include "platform/testing/sight.h"
 
 namespace gallery {
 
 namespace {
 
-#ifdef _WIN32
-bool Save(const std::string&) { return false; }
-#else
-bool Save(const std::string& path) { return winbase::hooks::SaveWindowPng(nullptr, path.c_str()); }
-#endif
+bool Save(const std::string& path) { return platform::testing::SavePicture(nullptr, path); }
 
 struct ModalShot {
     std::string path;
@@ -57,6 +53,12 @@ private:
 };
 
 }  // namespace
+
+bool WriteTexts(GalleryFrame& frame, const std::string& path) {
+    std::ofstream file(path);
+    for (const auto& seen : platform::testing::SeenTexts(frame)) file << seen.utf8 << '\n';
+    return file.good();
+}
 
 bool TakeShots(GalleryFrame& frame, const std::string& folder) {
     using platform::testing::Click;
