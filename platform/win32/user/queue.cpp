@@ -5,6 +5,9 @@
 #include <algorithm>
 #include <cassert>
 #include <chrono>
+#include <map>
+#include <mutex>
+#include <string>
 
 #include "platform/present/screen.h"
 #include "platform/win32/kernel/last_error.h"
@@ -212,4 +215,22 @@ LONG GetMessageTime() { return static_cast<LONG>(g_state.last_time); }
 
 DWORD GetMessagePos() {
     return static_cast<DWORD>(MAKELONG(g_state.last_place.x, g_state.last_place.y));
+}
+
+UINT RegisterWindowMessageA(LPCSTR name) {
+    constexpr UINT kFirst = 0xC000;
+    if (name == nullptr || *name == '\0') {
+        SetLastError(ERROR_INVALID_PARAMETER);
+        return 0;
+    }
+    struct IgnoreCase {
+        bool operator()(const std::string& a, const std::string& b) const {
+            return lstrcmpiA(a.c_str(), b.c_str()) < 0;
+        }
+    };
+    static std::mutex mutex;
+    static std::map<std::string, UINT, IgnoreCase> messages;
+    const std::lock_guard lock(mutex);
+    const auto next = kFirst + static_cast<UINT>(messages.size());
+    return messages.emplace(name, next).first->second;
 }
