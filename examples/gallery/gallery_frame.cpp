@@ -16,6 +16,7 @@ BEGIN_MESSAGE_MAP(GalleryFrame, CWnd)
     ON_WM_CREATE()
     ON_WM_SIZE()
     ON_WM_DESTROY()
+    ON_MESSAGE(WM_CLOSE, &GalleryFrame::OnClose)
 END_MESSAGE_MAP()
 
 BOOL GalleryFrame::CreateFrame() {
@@ -43,6 +44,11 @@ void GalleryFrame::OnSize(UINT kind, int width, int height) {
     page_.MoveWindow(kMargin, kMargin, page.Width(), page.Height());
     const int top = page.Height() + 2 * kMargin;
     list_.MoveWindow(kMargin, top, std::max(width - 2 * kMargin, 0), std::max(height - top - kMargin, 0));
+}
+
+LRESULT GalleryFrame::OnClose(WPARAM, LPARAM) {
+    if (!stays_open_) DestroyWindow();
+    return 0;
 }
 
 void GalleryFrame::OnDestroy() {

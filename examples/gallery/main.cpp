@@ -49,7 +49,10 @@ public:
             if (random_steps == 0) frame_.DestroyWindow();
         }
         gallery::RandomInput random(random_steps, seed);
-        if (random_steps > 0) random.Start();
+        if (random_steps > 0) {
+            frame_.StayOpen();
+            random.Start();
+        }
         const int result = CWinApp::Run();
         if (frame_.GetSafeHwnd() != nullptr) frame_.DestroyWindow();
         return result;

@@ -161,9 +161,10 @@ void ButtonControl::LoseFocus() {
 
 void ButtonControl::Press(bool by_mouse) {
     if (captured_ && !by_mouse) return;  // the key repeats
+    // Taking a capture that the window has already tells it of a loss first.
+    SetCapture(window_);
     captured_ = true;
     by_mouse_ = by_mouse;
-    SetCapture(window_);
     if (by_mouse) {
         const bool former = in_click_;
         in_click_ = true;

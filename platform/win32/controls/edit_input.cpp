@@ -213,8 +213,9 @@ void EditControl::Press(POINT point, bool extend) {
     if (GetFocus() != window_) SetFocus(window_);
     if (!IsWindow(window_)) return;
     wanted_x_ = -1;
-    selecting_ = true;
+    // Taking a capture that the window has already tells it of a loss first.
     SetCapture(window_);
+    selecting_ = true;
     MoveCaret(PositionAt(point), extend);
 }
 

@@ -74,8 +74,9 @@ void ListBoxControl::Press(POINT point) {
     if (GetFocus() != window_) SetFocus(window_);
     const int row = RowAt(point);
     if (!IsWindow(window_) || row < 0) return;
-    pressed_ = true;
+    // Taking a capture that the window has already tells it of a loss first.
     SetCapture(window_);
+    pressed_ = true;
     Highlight(row);
 }
 

@@ -85,9 +85,10 @@ UpDownControl::Part UpDownControl::PartAt(POINT point) const {
 void UpDownControl::Press(POINT point) {
     const Part part = PartAt(point);
     if (part == Part::kNone) return;
+    // Taking a capture that the window has already tells it of a loss first.
+    SetCapture(window_);
     pressed_ = part;
     pressed_since_ = GetTickCount();
-    SetCapture(window_);
     SetTimer(window_, kRepeatTimer, kFirstDelay, nullptr);
     InvalidateRect(window_, nullptr, FALSE);
     Step(1);
