@@ -40,7 +40,6 @@ void SendCommand(HWND window, WPARAM command, LPARAM lParam) {
 
 WPARAM BoxCommand(const Window* window, int hit) {
     if (hit == HTCLOSE) return SC_CLOSE;
-    if (hit == HTMINBUTTON) return SC_MINIMIZE;
     return (window->style & WS_MAXIMIZE) != 0 ? SC_RESTORE : SC_MAXIMIZE;
 }
 
@@ -97,8 +96,7 @@ LRESULT DefaultFramePress(Window* window, int hit, LPARAM lParam) {
         case HTVSCROLL: SendCommand(window->handle, SC_VSCROLL + part, lParam); break;
         case HTHSCROLL: SendCommand(window->handle, SC_HSCROLL + part, lParam); break;
         case HTCLOSE:
-        case HTMAXBUTTON:
-        case HTMINBUTTON: PressBox(window, hit, lParam); break;
+        case HTMAXBUTTON: PressBox(window, hit, lParam); break;
         default: break;
     }
     return 0;

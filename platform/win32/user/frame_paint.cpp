@@ -47,22 +47,17 @@ void DrawSign(HDC dc, const RECT& box, int hit, bool zoomed) {
     const int right = left + kGlyph;
     const int bottom = top + kGlyph;
     RECT square{left, top, right, bottom};
-    switch (hit) {
-        case HTCLOSE:
-            DrawLine(dc, left, top, right, bottom);
-            DrawLine(dc, left, bottom - 1, right, top - 1);
-            return;
-        case HTMAXBUTTON:
-            if (zoomed) InflateRect(&square, -2, -2);
-            FrameRect(dc, &square, GetSysColorBrush(COLOR_CAPTIONTEXT));
-            return;
-        default: DrawLine(dc, left, top + kGlyph / 2, right, top + kGlyph / 2); return;
+    if (hit == HTCLOSE) {
+        DrawLine(dc, left, top, right, bottom);
+        DrawLine(dc, left, bottom - 1, right, top - 1);
+        return;
     }
+    if (zoomed) InflateRect(&square, -2, -2);
+    FrameRect(dc, &square, GetSysColorBrush(COLOR_CAPTIONTEXT));
 }
 
 RECT BoxOf(const FrameLayout& frame, int hit) {
-    if (hit == HTCLOSE) return frame.close;
-    return hit == HTMAXBUTTON ? frame.zoom : frame.minimise;
+    return hit == HTCLOSE ? frame.close : frame.zoom;
 }
 
 void DrawBox(const Window* window, int hit, BoxState state, HDC dc) {
@@ -89,7 +84,7 @@ void PaintTitle(const Window* window, const FrameLayout& frame, HDC dc) {
     FillRect(dc, &line, GetSysColorBrush(COLOR_3DSHADOW));
     RECT text = frame.title;
     text.left += kTitleMargin;
-    for (const RECT& box : {frame.close, frame.zoom, frame.minimise}) {
+    for (const RECT& box : {frame.close, frame.zoom}) {
         if (!IsRectEmpty(&box)) text.right = box.left;
     }
     const HGDIOBJ former = SelectObject(dc, TitleFont());
@@ -99,7 +94,7 @@ void PaintTitle(const Window* window, const FrameLayout& frame, HDC dc) {
     DrawTextA(dc, window->text.c_str(), -1, &text,
               DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(dc, former);
-    for (const int hit : {HTCLOSE, HTMAXBUTTON, HTMINBUTTON}) {
+    for (const int hit : {HTCLOSE, HTMAXBUTTON}) {
         DrawBox(window, hit, BoxState::kNormal, dc);
     }
 }

@@ -40,9 +40,7 @@ void Place(HWND handle, const RECT& rect, int hit) {
 RECT BoxOnScreen(const Window* window, int hit) {
     const FrameLayout frame = LayOutFrame(window);
     const RECT whole = ScreenRect(window);
-    const RECT& box = hit == HTCLOSE       ? frame.close
-                      : hit == HTMAXBUTTON ? frame.zoom
-                                           : frame.minimise;
+    const RECT& box = hit == HTCLOSE ? frame.close : frame.zoom;
     return Moved(box, whole.left, whole.top);
 }
 

@@ -69,7 +69,6 @@ int HitBorder(const RECT& area, int border, POINT at) {
 int HitTitle(const FrameLayout& frame, POINT at) {
     if (IsIn(frame.close, at)) return HTCLOSE;
     if (IsIn(frame.zoom, at)) return HTMAXBUTTON;
-    if (IsIn(frame.minimise, at)) return HTMINBUTTON;
     return HTCAPTION;
 }
 
@@ -97,7 +96,6 @@ FrameLayout LayOutFrame(const Window* window) {
     RECT left = frame.title;
     frame.close = TakeBox(left);
     if ((window->style & WS_MAXIMIZEBOX) != 0) frame.zoom = TakeBox(left);
-    if ((window->style & WS_MINIMIZEBOX) != 0) frame.minimise = TakeBox(left);
     return frame;
 }
 
