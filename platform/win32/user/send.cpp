@@ -83,8 +83,8 @@ LRESULT SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-LRESULT SendMessageTimeoutA(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT flags,
-                            UINT millis, PDWORD_PTR result) {
+LRESULT SendMessageTimeoutA(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                            [[maybe_unused]] UINT flags, UINT millis, PDWORD_PTR result) {
     assert((flags & ~UINT{SMTO_ABORTIFHUNG}) == 0 && "only SMTO_ABORTIFHUNG is supported");
     LRESULT answer = 0;
     if (IsUiThread()) {
