@@ -93,6 +93,13 @@ protected:
         }
     }
 
+    /// The same for a box that another thread will have asked for at some time.
+    static void AnswerWhenShown(void* context) {
+        const bool shown = GetActiveWindow() != static_cast<MessageBoxes*>(context)->frame_;
+        if (shown) return AnswerActive(context);
+        platform::testing::WhenIdle(AnswerWhenShown, context);
+    }
+
     MessageLog log_;
     HWND frame_ = nullptr;
     Answer answer_{};
@@ -279,15 +286,8 @@ TEST_F(MessageBoxes, EndWithTheirOwner) {
 TEST_F(MessageBoxes, OfAnotherThreadAreShownWhileItWaits) {
     int result = 0;
     bool finished = false;
-    struct Watcher {
-        MessageBoxes* test;
-        static void At(void* context) {
-            auto& self = *static_cast<Watcher*>(context);
-            AnswerActive(self.test);
-        }
-    } watcher{this};
     answer_ = {Answer::kButton, IDNO};
-    platform::testing::WhenIdle(Watcher::At, &watcher);
+    platform::testing::WhenIdle(AnswerWhenShown, this);
     std::thread other([&] {
         result = MessageBoxA(frame_, "内容", "标题", MB_YESNO);
         PostMessageA(frame_, WM_USER + 1, 0, 0);
