@@ -105,6 +105,15 @@ void Pump() {
     }
 }
 
+void StopClock() {
+#ifndef _WIN32
+    if (winbase::hooks::IsClockManual()) return;
+    SYSTEMTIME now{};
+    GetLocalTime(&now);
+    winbase::hooks::UseManualClock(GetTickCount(), now);
+#endif
+}
+
 void PumpFor(DWORD millis) {
 #ifndef _WIN32
     if (winbase::hooks::IsClockManual()) {

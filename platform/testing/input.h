@@ -13,6 +13,9 @@ enum class Button { kLeft, kRight };
 
 /// Dispatches all that the queue holds, without waiting. A WM_QUIT is left to its loop.
 void Pump();
+/// From now on and for good time passes in PumpFor only, so that no test waits for it. Where the
+/// system's clock can't be stopped, it goes on.
+void StopClock();
 /// Lets `millis` pass and dispatches what comes in that time: advances the manual clock step by
 /// step, or waits where the clock is real.
 void PumpFor(DWORD millis);

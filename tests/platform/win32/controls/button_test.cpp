@@ -17,6 +17,7 @@ constexpr DWORD kChild = WS_CHILD | WS_VISIBLE;
 class Buttons : public ::testing::Test {
 protected:
     void SetUp() override {
+        platform::testing::StopClock();
         frame_ = log_.Create("frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {100, 100, 500, 400});
         next_ = log_.Create("next", kChild, {0, 200, 50, 220}, frame_, 99);
         SetActiveWindow(frame_);

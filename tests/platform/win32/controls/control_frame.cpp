@@ -134,6 +134,7 @@ std::string NotificationDetails(const NMHDR& header) {
 
 void ControlFrame::SetUp() {
     g_current = this;
+    platform::testing::StopClock();
     WNDCLASSA frame_class{};
     frame_class.lpfnWndProc = Procedure;
     frame_class.hInstance = GetModuleHandleA(nullptr);
