@@ -83,9 +83,10 @@ bool Activate(Window* window, ActivationKind kind) {
     const WORD how = kind == ActivationKind::kClick ? WA_CLICKACTIVE : WA_ACTIVE;
     SendMessageA(handle, WM_ACTIVATE, MAKEWPARAM(how, minimised), reinterpret_cast<LPARAM>(former));
     if (ui.active != handle || LookUp(handle) == nullptr) return false;
-    // A window that took no focus from WM_ACTIVATE must not leave it with a window of another one.
-    const Window* const focused = LookUp(ui.focus);
-    if (focused != nullptr && TopLevel(const_cast<Window*>(focused)) != window) MoveFocus(handle);
+    if (kind == ActivationKind::kFocus || minimised) return true;
+    // A window that took no focus at WM_ACTIVATE gets it: keys go to the active window or one inside.
+    Window* const focused = LookUp(ui.focus);
+    if (focused == nullptr || TopLevel(focused) != window) MoveFocus(handle);
     return ui.active == handle;
 }
 
@@ -161,7 +162,7 @@ HWND WINAPI SetFocus(HWND handle) {
     for (const Window* up = window; up != nullptr; up = up->parent) {
         if ((up->style & (WS_DISABLED | WS_MINIMIZE)) != 0) return nullptr;
     }
-    if (ui.active != TopLevel(window)->handle && !Activate(window, ActivationKind::kCall)) return nullptr;
+    if (ui.active != TopLevel(window)->handle && !Activate(window, ActivationKind::kFocus)) return nullptr;
     if (LookUp(handle) == nullptr) return nullptr;
     const HWND former = ui.focus;
     MoveFocus(handle);

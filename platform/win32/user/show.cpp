@@ -167,11 +167,11 @@ BOOL WINAPI EnableWindow(HWND handle, BOOL enable) {
     if (!enable) {
         SendMessageA(handle, WM_CANCELMODE, 0, 0);
         if (LookUp(handle) == nullptr) return was_disabled;
-        if (!was_disabled && Ui().focus == handle) SetFocus(nullptr);
-        if (LookUp(handle) == nullptr) return was_disabled;
     }
     if (was_disabled != (enable != 0)) return was_disabled;
     window->style = enable ? window->style & ~DWORD{WS_DISABLED} : window->style | WS_DISABLED;
+    if (!enable && Ui().focus == handle) SetFocus(nullptr);
+    if (LookUp(handle) == nullptr) return was_disabled;
     SendMessageA(handle, WM_ENABLE, enable ? TRUE : FALSE, 0);
     return was_disabled;
 }

@@ -137,8 +137,9 @@ LRESULT DefaultSetRedraw(Window* window, bool on);
 
 // ---- activation and focus (focus.cpp) ----
 
-/// Activates as a click does (WM_ACTIVATE with WA_CLICKACTIVE) or as a call does.
-enum class ActivationKind { kCall, kClick };
+/// Activates as a click does (WM_ACTIVATE with WA_CLICKACTIVE), as a call does, or on the way to a
+/// focus that is set right afterwards.
+enum class ActivationKind { kCall, kClick, kFocus };
 bool Activate(Window* window, ActivationKind kind);
 /// Takes focus, activation and capture from a window that is hidden, disabled or destroyed.
 void LeaveWindow(Window* window);
