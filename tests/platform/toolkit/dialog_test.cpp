@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
 #include <functional>
+#include <vector>
 
 #include "platform/testing/input.h"
 #include "tests/platform/toolkit/test_module.h"
@@ -62,7 +65,7 @@ TEST(ModelessDialog, IsMadeFromTheTable) {
         const char* text;
         CRect units;
     } const controls[] = {
-        {tests::kFormLabel, "Static", "数量", {4, 6, 34, 14}},
+        {tests::kFormLabel, "Static", "数量:", {4, 6, 34, 14}},
         {tests::kFormEdit, "Edit", "", {40, 4, 100, 16}},
         {tests::kFormButton, "Button", "查询", {4, 20, 44, 34}},
     };
@@ -213,6 +216,22 @@ TEST(ModalDialog, DisablesTheTopLevelOwnerAndAnswers) {
         EXPECT_EQ(question.m_hWnd, nullptr);
         EXPECT_EQ(::GetActiveWindow(), frame.m_hWnd);
     }
+}
+
+TEST(ModalDialog, StandsOverItsOwner) {
+    tests::Frame frame;
+    frame.ShowWindow(SW_SHOW);
+    Question question(&frame);
+    question.at_start = [&](Question& self) {
+        CRect own;
+        CRect owners;
+        self.GetWindowRect(own);
+        frame.GetWindowRect(owners);
+        EXPECT_LE(std::abs(own.CenterPoint().x - owners.CenterPoint().x), 1);
+        EXPECT_LE(std::abs(own.CenterPoint().y - owners.CenterPoint().y), 1);
+        self.EndDialog(1);
+    };
+    EXPECT_EQ(question.DoModal(), 1);
 }
 
 TEST(ModalDialog, KeysWork) {

@@ -157,26 +157,20 @@ TEST(MessageFilter, TheRunningApplicationSeesEverything) {
     EXPECT_EQ(app.seen, std::vector<UINT>{kProbe});
 }
 
-void CALLBACK OnStopTimer(HWND window, UINT, UINT_PTR id, DWORD) {
-    ::KillTimer(window, id);
-    ::PostMessageA(window, kStop, 0, 0);
-}
-
-TEST(Application, RunEndsWithTheCodeAndIdlesWhenNothingWaits) {
+TEST(Application, RunIdlesWhenNothingWaitsAndEndsWithTheCode) {
     tests::TestApp& app = tests::App();
     Probe probe;
     app.idle_work = 2;
     app.idle_counts.clear();
-    probe.PostMessage(kProbe);
-    probe.on_probe = [&] {
-        EXPECT_TRUE(app.idle_counts.empty()) << "something was waiting";
-        ::SetTimer(probe, 1, 10, OnStopTimer);
+    app.on_idle = [&](LONG count) {
+        EXPECT_EQ(probe.arrived, 1) << "something was waiting";
+        if (count == app.idle_work) probe.PostMessage(kStop);
     };
+    probe.PostMessage(kProbe);
     EXPECT_EQ(app.Run(), 9);
-    ASSERT_GE(app.idle_counts.size(), 3u);
-    app.idle_counts.resize(3);
     EXPECT_EQ(app.idle_counts, (std::vector<LONG>{0, 1, 2}));
     app.idle_work = 0;
+    app.on_idle = nullptr;
 }
 
 TEST(Application, AProgramStartsRunsAndEnds) {

@@ -5,7 +5,7 @@ namespace {
 using namespace toolkit;
 
 constexpr DialogControl kFormControls[] = {
-    Label(tests::kFormLabel, "数量", {4, 6, 30, 8}),
+    Label(tests::kFormLabel, "数量:", {4, 6, 30, 8}),
     TextEdit(tests::kFormEdit, {40, 4, 60, 12}),
     PushButton(tests::kFormButton, "查询", {4, 20, 40, 14}),
     Control(tests::kFormList, "ListBox", "", LBS_NOTIFY | WS_BORDER, {50, 20, 60, 40}),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,7 @@ public:
     }
     BOOL OnIdle(LONG count) override {
         idle_counts.push_back(count);
+        if (on_idle) on_idle(count);
         return count < idle_work;
     }
     BOOL PreTranslateMessage(MSG* message) override {
@@ -33,6 +35,7 @@ public:
     BOOL starts = TRUE;
     int exits = 0;
     LONG idle_work = 0;
+    std::function<void(LONG)> on_idle;
     std::vector<LONG> idle_counts;
     std::vector<UINT> seen;
 };
