@@ -1,5 +1,6 @@
-// A list of live data, 27 rows of 10 columns with Chinese texts and numbers on 1000 x 600 pixels, as
-// a page paints it: straight into the context of BeginPaint, texts formatted from records each time.
+// A list of live data, 27 rows of 10 columns with Chinese texts and numbers on 1000 x 600 pixels,
+// as a page paints it: straight into the context of BeginPaint, texts formatted from records each
+// time.
 
 #include <array>
 #include <cstdio>
@@ -35,7 +36,7 @@ public:
         static const char* const kContracts[] = {"Au(T+D)", "Ag(T+D)", "mAu(T+D)", "Au99.99"};
         for (int row = 0; row < kRows; ++row) {
             records_[static_cast<std::size_t>(row)] = {kContracts[row % 4], row % 2 == 0,
-                                                       240 + row * 1.37, row * 13 + 1,
+                                                       240 + row * 1.37,    row * 13 + 1,
                                                        (row - 10) * 123.45, row * 977};
         }
         WNDCLASSA window_class{};
@@ -79,10 +80,12 @@ private:
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
         if (message == WM_NCCREATE) {
             const auto& create = *reinterpret_cast<const CREATESTRUCTA*>(lParam);
-            SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create.lpCreateParams));
+            SetWindowLongPtrA(window, GWLP_USERDATA,
+                              reinterpret_cast<LONG_PTR>(create.lpCreateParams));
         }
         if (message == WM_PAINT) {
-            reinterpret_cast<const ListView*>(GetWindowLongPtrA(window, GWLP_USERDATA))->Paint(window);
+            reinterpret_cast<const ListView*>(GetWindowLongPtrA(window, GWLP_USERDATA))
+                ->Paint(window);
             return 0;
         }
         if (message == WM_ERASEBKGND) return 1;
@@ -112,18 +115,44 @@ private:
             std::snprintf(text, sizeof text, pattern, values...);
         };
         switch (column) {
-            case 0: print("%s", record.contract); color = 0xB26429; break;
-            case 1: print("%s", record.buy ? "买入" : "卖出"); color = record.buy ? 0x0001F6 : 0x019900; break;
-            case 2: print("%.2f", record.price); format |= DT_RIGHT; break;
-            case 3: print("%d", record.volume); format |= DT_RIGHT; break;
-            case 4: print("%+.2f", record.profit); color = record.profit > 0 ? 0x0001F6 : 0x019900; format |= DT_RIGHT; break;
-            case 5: print("%02d:%02d:%02d", record.seconds / 3600, record.seconds / 60 % 60, record.seconds % 60); break;
+            case 0:
+                print("%s", record.contract);
+                color = 0xB26429;
+                break;
+            case 1:
+                print("%s", record.buy ? "买入" : "卖出");
+                color = record.buy ? 0x0001F6 : 0x019900;
+                break;
+            case 2:
+                print("%.2f", record.price);
+                format |= DT_RIGHT;
+                break;
+            case 3:
+                print("%d", record.volume);
+                format |= DT_RIGHT;
+                break;
+            case 4:
+                print("%+.2f", record.profit);
+                color = record.profit > 0 ? 0x0001F6 : 0x019900;
+                format |= DT_RIGHT;
+                break;
+            case 5:
+                print("%02d:%02d:%02d", record.seconds / 3600, record.seconds / 60 % 60,
+                      record.seconds % 60);
+                break;
             case 6: print("%s", "黄金延期"); break;
-            case 7: print("%.2f", record.price * 1.1); format |= DT_RIGHT; break;
-            case 8: print("%s", "已成交"); format |= DT_CENTER; break;
+            case 7:
+                print("%.2f", record.price * 1.1);
+                format |= DT_RIGHT;
+                break;
+            case 8:
+                print("%s", "已成交");
+                format |= DT_CENTER;
+                break;
             default: print("%d手", record.volume / 2); break;
         }
-        RECT cell{column * kColumnWidth - 1, row * kRowHeight - 1, (column + 1) * kColumnWidth, (row + 1) * kRowHeight};
+        RECT cell{column * kColumnWidth - 1, row * kRowHeight - 1, (column + 1) * kColumnWidth,
+                  (row + 1) * kRowHeight};
         FrameRect(dc, &cell, grid_);
         InflateRect(&cell, -3, 0);
         SetTextColor(dc, color);

@@ -1,5 +1,5 @@
-// How long the gallery takes from its launch to its first frame, headless, against a program that only
-// opens FreeType and draws the same texts. Both are launched in turn.
+// How long the gallery takes from its launch to its first frame, headless, against a program that
+// only opens FreeType and draws the same texts. Both are launched in turn.
 
 #include <sys/wait.h>
 #include <unistd.h>

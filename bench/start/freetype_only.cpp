@@ -1,6 +1,6 @@
-// The least that a program with the gallery's texts could do: find the font, open FreeType, draw each
-// glyph once and blend the texts into a picture. What the layer costs beyond that is what the start
-// benchmark measures.
+// The least that a program with the gallery's texts could do: find the font, open FreeType, draw
+// each glyph once and blend the texts into a picture. What the layer costs beyond that is what the
+// start benchmark measures.
 //
 //     freetype_only TEXTS
 
@@ -30,7 +30,8 @@ struct Glyph {
 };
 
 std::string FontFile(int& index) {
-    FcPattern* const pattern = FcNameParse(reinterpret_cast<const FcChar8*>("Noto Sans Mono CJK SC"));
+    FcPattern* const pattern =
+        FcNameParse(reinterpret_cast<const FcChar8*>("Noto Sans Mono CJK SC"));
     FcConfigSubstitute(nullptr, pattern, FcMatchPattern);
     FcDefaultSubstitute(pattern);
     FcResult result = FcResultNoMatch;
@@ -82,7 +83,8 @@ void Blend(std::vector<std::uint32_t>& picture, const Glyph& glyph, int x, int b
         for (int column = 0; column < glyph.width; ++column) {
             const int at = x + glyph.left + column;
             if (at < 0 || at >= kWidth) continue;
-            const unsigned shade = 255U - glyph.coverage[static_cast<std::size_t>(row * glyph.width + column)];
+            const unsigned shade =
+                255U - glyph.coverage[static_cast<std::size_t>(row * glyph.width + column)];
             picture[static_cast<std::size_t>(y * kWidth + at)] = shade << 16 | shade << 8 | shade;
         }
     }
@@ -96,7 +98,8 @@ int main(int argc, char** argv) {
     const std::string file = FontFile(index);
     FT_Library library = nullptr;
     FT_Face face = nullptr;
-    if (FT_Init_FreeType(&library) != 0 || FT_New_Face(library, file.c_str(), index, &face) != 0) return 1;
+    if (FT_Init_FreeType(&library) != 0 || FT_New_Face(library, file.c_str(), index, &face) != 0)
+        return 1;
     FT_Set_Pixel_Sizes(face, 0, 12);
     std::vector<std::uint32_t> picture(std::size_t{kWidth} * kHeight, 0xFFFFFF);
     std::map<char32_t, Glyph> glyphs;
@@ -107,7 +110,8 @@ int main(int argc, char** argv) {
         const int baseline = count / 10 * kLine % kHeight + kLine;
         for (const char32_t character : Decode(line)) {
             auto known = glyphs.find(character);
-            if (known == glyphs.end()) known = glyphs.emplace(character, Render(face, character)).first;
+            if (known == glyphs.end())
+                known = glyphs.emplace(character, Render(face, character)).first;
             Blend(picture, known->second, x, baseline);
             x += known->second.advance;
         }

@@ -63,15 +63,18 @@ void ControlsPage::FillTexts() {
     SetDlgItemText(kReadOnly, "客户号 1080012345");
     SetDlgItemText(kDisabledEdit, "暂不可用");
     SetDlgItemText(kSpinEdit, "10");
-    SetDlgItemText(kLongText,
-                   "交易须知：\r\n一、报价单位为元/克，最小变动价位0.01元。\r\n二、保证金按合约价值的百分比"
-                   "收取。\r\nThe quick brown fox jumps over 12 lazy dogs.\r\n三、夜盘时间 20:00 至次日 02:30。");
+    SetDlgItemText(
+        kLongText,
+        "交易须知：\r\n一、报价单位为元/克，最小变动价位0.01元。\r\n二、保证金按合约价值的百分比"
+        "收取。\r\nThe quick brown fox jumps over 12 lazy dogs.\r\n三、夜盘时间 20:00 至次日 "
+        "02:30。");
     SetDlgItemText(kRichText, kReport);
     SendDlgItemMessage(kRichText, EM_SETBKGNDCOLOR, 0, RGB(0xFF, 0xFF, 0xF0));
 }
 
 void ControlsPage::FillLists() {
-    static const char* const kContracts[] = {"Au(T+D)", "Ag(T+D)", "mAu(T+D)", "Au99.99", "Au100g", "Au99.95"};
+    static const char* const kContracts[] = {"Au(T+D)", "Ag(T+D)", "mAu(T+D)",
+                                             "Au99.99", "Au100g",  "Au99.95"};
     for (const char* contract : kContracts) {
         const auto text = reinterpret_cast<LPARAM>(contract);
         SendDlgItemMessage(kPickList, CB_ADDSTRING, 0, text);
@@ -120,11 +123,13 @@ void ControlsPage::OnOpenAsk() {
 }
 
 void ControlsPage::OnOpenBox() {
-    MessageBox("交易服务器连接断开，请重新登录。\n服务器信息[黄金]", "提示", MB_OK | MB_ICONINFORMATION);
+    MessageBox("交易服务器连接断开，请重新登录。\n服务器信息[黄金]", "提示",
+               MB_OK | MB_ICONINFORMATION);
 }
 
 void ControlsPage::OnOpenQuestion() {
-    const int answer = MessageBox("确定要撤销全部未成交的委托吗？", "撤单", MB_YESNO | MB_ICONQUESTION);
+    const int answer =
+        MessageBox("确定要撤销全部未成交的委托吗？", "撤单", MB_YESNO | MB_ICONQUESTION);
     ShowStatus(answer == IDYES ? "选择了是" : "选择了否");
 }
 
@@ -141,8 +146,9 @@ void ControlsPage::OnOpenPopup() {
     }
     CRect button;
     GetDlgItem(kOpenPopup)->GetWindowRect(&button);
-    popup_.CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, "Static", " 弹出窗口不取走焦点", WS_POPUP | WS_BORDER | SS_CENTERIMAGE,
-                    button.left, button.bottom + 4, 160, 28, m_hWnd, nullptr);
+    popup_.CreateEx(WS_EX_TOOLWINDOW | WS_EX_TOPMOST, "Static", " 弹出窗口不取走焦点",
+                    WS_POPUP | WS_BORDER | SS_CENTERIMAGE, button.left, button.bottom + 4, 160, 28,
+                    m_hWnd, nullptr);
     popup_.ShowWindow(SW_SHOWNA);
 }
 

@@ -27,8 +27,8 @@ BOOL GalleryFrame::CreateFrame() {
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
     const int width = std::min<int>(work.right - work.left, 1264);
     const int height = std::min<int>(work.bottom - work.top, 784);
-    return CreateEx(0, window_class, "控件一览", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, work.left + 8,
-                    work.top + 8, width, height, nullptr, nullptr);
+    return CreateEx(0, window_class, "控件一览", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                    work.left + 8, work.top + 8, width, height, nullptr, nullptr);
 }
 
 int GalleryFrame::OnCreate(LPCREATESTRUCT create) {
@@ -43,7 +43,8 @@ void GalleryFrame::OnSize(UINT kind, int width, int height) {
     page_.GetWindowRect(&page);
     page_.MoveWindow(kMargin, kMargin, page.Width(), page.Height());
     const int top = page.Height() + 2 * kMargin;
-    list_.MoveWindow(kMargin, top, std::max(width - 2 * kMargin, 0), std::max(height - top - kMargin, 0));
+    list_.MoveWindow(kMargin, top, std::max(width - 2 * kMargin, 0),
+                     std::max(height - top - kMargin, 0));
 }
 
 LRESULT GalleryFrame::OnClose(WPARAM, LPARAM) {

@@ -1,6 +1,7 @@
 // One window with every control in every state: the layer's smoke test and its documentation.
 //
-//     gallery [--scale N] [--shots FOLDER | --texts FILE | --random STEPS [--seed N] | --first-frame]
+//     gallery [--scale N] [--shots FOLDER | --texts FILE | --random STEPS [--seed N] |
+//     --first-frame]
 
 #include <cstdio>
 #include <cstdlib>
@@ -25,7 +26,9 @@ public:
     unsigned seed = 1;
 
     /// Nobody is there: the gallery does its work without a display and ends.
-    bool Automatic() const { return first_frame || random_steps > 0 || !shots.empty() || !texts.empty(); }
+    bool Automatic() const {
+        return first_frame || random_steps > 0 || !shots.empty() || !texts.empty();
+    }
 
     BOOL InitInstance() override {
         AfxInitRichEdit2();
@@ -66,8 +69,10 @@ private:
 GalleryApp g_app;
 
 int Usage() {
-    std::fputs("usage: gallery [--scale 1|2|3] [--shots FOLDER | --texts FILE | --first-frame |\n"
-               "                --random STEPS [--seed N]]\n", stderr);
+    std::fputs(
+        "usage: gallery [--scale 1|2|3] [--shots FOLDER | --texts FILE | --first-frame |\n"
+        "                --random STEPS [--seed N]]\n",
+        stderr);
     return 2;
 }
 

@@ -4,9 +4,9 @@
 
 namespace gallery {
 
-/// A person without a plan: moves, clicks, turns the wheel and hits keys anywhere on the desktop each
-/// time the program waits for input, boxes and dialogs included. After the last step the program is
-/// asked to quit.
+/// A person without a plan: moves, clicks, turns the wheel and hits keys anywhere on the desktop
+/// each time the program waits for input, boxes and dialogs included. After the last step the
+/// program is asked to quit.
 class RandomInput {
 public:
     RandomInput(long steps, unsigned seed) : left_(steps), random_(seed) {}

@@ -22,11 +22,16 @@ struct Column {
 };
 
 constexpr UINT kLeft = DT_SINGLELINE | DT_VCENTER;
-constexpr Column kColumns[] = {
-    {"合约", 90, kLeft},           {"买卖", 50, kLeft | DT_CENTER}, {"开平", 60, kLeft | DT_CENTER},
-    {"手数", 70, kLeft | DT_RIGHT}, {"可用", 70, kLeft | DT_RIGHT},  {"开仓均价", 100, kLeft | DT_RIGHT},
-    {"最新价", 100, kLeft | DT_RIGHT}, {"浮动盈亏", 120, kLeft | DT_RIGHT}, {"时间", 90, kLeft | DT_CENTER},
-    {"备注", 220, kLeft}};
+constexpr Column kColumns[] = {{"合约", 90, kLeft},
+                               {"买卖", 50, kLeft | DT_CENTER},
+                               {"开平", 60, kLeft | DT_CENTER},
+                               {"手数", 70, kLeft | DT_RIGHT},
+                               {"可用", 70, kLeft | DT_RIGHT},
+                               {"开仓均价", 100, kLeft | DT_RIGHT},
+                               {"最新价", 100, kLeft | DT_RIGHT},
+                               {"浮动盈亏", 120, kLeft | DT_RIGHT},
+                               {"时间", 90, kLeft | DT_CENTER},
+                               {"备注", 220, kLeft}};
 
 struct Cell {
     char text[64];
@@ -42,14 +47,23 @@ Cell CellOf(int row, int column) {
         std::snprintf(cell.text, sizeof cell.text, format, values...);
     };
     switch (column) {
-        case 0: print("%s", kContracts[row % 5]); cell.color = kContract; break;
-        case 1: print("%s", buy ? "买" : "卖"); cell.color = buy ? kBuy : kSell; break;
+        case 0:
+            print("%s", kContracts[row % 5]);
+            cell.color = kContract;
+            break;
+        case 1:
+            print("%s", buy ? "买" : "卖");
+            cell.color = buy ? kBuy : kSell;
+            break;
         case 2: print("%s", row % 4 == 0 ? "平仓" : "开仓"); break;
         case 3: print("%d", row % 50 + 1); break;
         case 4: print("%d", row % 50); break;
         case 5: print("%.2f", 240.0 + row % 900 * 0.05); break;
         case 6: print("%.2f", 240.0 + (row + 7) % 900 * 0.05); break;
-        case 7: print("%+.2f", ticks * 10.0); cell.color = ticks >= 0 ? kBuy : kSell; break;
+        case 7:
+            print("%+.2f", ticks * 10.0);
+            cell.color = ticks >= 0 ? kBuy : kSell;
+            break;
         case 8: print("%02d:%02d:%02d", row / 3600 % 24, row / 60 % 60, row % 60); break;
         default: print("第 %d 行，手动下单", row + 1); break;
     }
@@ -71,7 +85,8 @@ END_MESSAGE_MAP()
 
 BOOL RowList::CreateList(CWnd* parent, UINT id, const RECT& rect) {
     const LPCSTR window_class = AfxRegisterWndClass(CS_DBLCLKS, LoadCursorA(nullptr, IDC_ARROW));
-    return CreateEx(0, window_class, "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, rect, parent, id);
+    return CreateEx(0, window_class, "", WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP, rect,
+                    parent, id);
 }
 
 int RowList::VisibleRows() const {
@@ -158,7 +173,8 @@ void RowList::OnPaint() {
     bitmap.CreateCompatibleBitmap(paint, client.right, client.bottom);
     const toolkit::ScopedSelect select_bitmap(memory, bitmap);
     CFont font;
-    font.CreateFont(12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, "宋体");
+    font.CreateFont(12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0,
+                    "宋体");
     const toolkit::ScopedSelect select_font(memory, font);
     memory.SetBkMode(TRANSPARENT);
     memory.FillSolidRect(client, RGB(255, 255, 255));

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/toolkit/toolkit.h"
-
 #include <string>
+
+#include "platform/toolkit/toolkit.h"
 
 namespace gallery {
 

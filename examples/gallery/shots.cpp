@@ -29,7 +29,8 @@ void ShootModal(void* context) {
 
 class Photographer {
 public:
-    Photographer(GalleryFrame& frame, std::string folder) : frame_(frame), folder_(std::move(folder)) {}
+    Photographer(GalleryFrame& frame, std::string folder)
+        : frame_(frame), folder_(std::move(folder)) {}
 
     void Shoot(const char* name) {
         platform::testing::Pump();

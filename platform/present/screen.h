@@ -26,28 +26,51 @@ struct Picture {
     int scale = 1;
 };
 
-enum class EventKind { kMouseMove, kButton, kWheel, kKey, kText, kResize, kClose, kFocus, kExposed };
+enum class EventKind {
+    kMouseMove,
+    kButton,
+    kWheel,
+    kKey,
+    kText,
+    kResize,
+    kClose,
+    kFocus,
+    kExposed
+};
 
 /// One input event. Positions are logical desktop coordinates.
 struct Event {
     EventKind kind = EventKind::kMouseMove;
     int x = 0;
     int y = 0;
-    int button = 0;         ///< 0 left, 1 right, 2 middle
-    bool down = false;      ///< buttons and keys; kFocus: gained
-    bool repeat = false;    ///< keys: made by holding
-    int wheel = 0;          ///< 120 a notch, away from the user positive
-    int key = 0;            ///< virtual key code
-    std::string text;       ///< kText: UTF-8
+    int button = 0;       ///< 0 left, 1 right, 2 middle
+    bool down = false;    ///< buttons and keys; kFocus: gained
+    bool repeat = false;  ///< keys: made by holding
+    int wheel = 0;        ///< 120 a notch, away from the user positive
+    int key = 0;          ///< virtual key code
+    std::string text;     ///< kText: UTF-8
 };
 
-enum class Cursor { kArrow, kBeam, kWait, kCross, kSizeWe, kSizeNs, kSizeNwse, kSizeNesw, kSizeAll, kNo, kHand };
+enum class Cursor {
+    kArrow,
+    kBeam,
+    kWait,
+    kCross,
+    kSizeWe,
+    kSizeNs,
+    kSizeNwse,
+    kSizeNesw,
+    kSizeAll,
+    kNo,
+    kHand
+};
 
 /// One desktop window. All calls come from the user interface thread.
 class Screen {
 public:
     virtual ~Screen() = default;
-    /// Waits up to `millis` (-1: without end) for an event or a Wake, then hands over all there are.
+    /// Waits up to `millis` (-1: without end) for an event or a Wake, then hands over all there
+    /// are.
     virtual std::vector<Event> Wait(int millis) = 0;
     /// Ends a Wait early; the one call that is allowed from any thread.
     virtual void Wake() = 0;

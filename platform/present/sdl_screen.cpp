@@ -16,10 +16,10 @@ namespace present {
 namespace {
 
 constexpr std::array kCursorShapes = {
-    SDL_SYSTEM_CURSOR_ARROW,    SDL_SYSTEM_CURSOR_IBEAM,    SDL_SYSTEM_CURSOR_WAIT,
-    SDL_SYSTEM_CURSOR_CROSSHAIR, SDL_SYSTEM_CURSOR_SIZEWE,  SDL_SYSTEM_CURSOR_SIZENS,
-    SDL_SYSTEM_CURSOR_SIZENWSE, SDL_SYSTEM_CURSOR_SIZENESW, SDL_SYSTEM_CURSOR_SIZEALL,
-    SDL_SYSTEM_CURSOR_NO,       SDL_SYSTEM_CURSOR_HAND};
+    SDL_SYSTEM_CURSOR_ARROW,     SDL_SYSTEM_CURSOR_IBEAM,    SDL_SYSTEM_CURSOR_WAIT,
+    SDL_SYSTEM_CURSOR_CROSSHAIR, SDL_SYSTEM_CURSOR_SIZEWE,   SDL_SYSTEM_CURSOR_SIZENS,
+    SDL_SYSTEM_CURSOR_SIZENWSE,  SDL_SYSTEM_CURSOR_SIZENESW, SDL_SYSTEM_CURSOR_SIZEALL,
+    SDL_SYSTEM_CURSOR_NO,        SDL_SYSTEM_CURSOR_HAND};
 
 bool IsAscii(const std::string& text) {
     return std::all_of(text.begin(), text.end(),
@@ -65,9 +65,8 @@ public:
             const SDL_Rect part = Clip(rect, picture, *screen);
             if (part.w <= 0 || part.h <= 0) continue;
             SDL_ConvertPixels(part.w, part.h, SDL_PIXELFORMAT_RGB888,
-                              picture.pixels + part.y * picture.stride + part.x,
-                              picture.stride * 4, screen->format->format, At(*screen, part),
-                              screen->pitch);
+                              picture.pixels + part.y * picture.stride + part.x, picture.stride * 4,
+                              screen->format->format, At(*screen, part), screen->pitch);
             shown.push_back(part);
         }
         if (!shown.empty()) {
@@ -91,9 +90,7 @@ public:
         return text != nullptr ? std::string(text.get()) : std::string();
     }
 
-    void SetClipboardText(const std::string& utf8) override {
-        SDL_SetClipboardText(utf8.c_str());
-    }
+    void SetClipboardText(const std::string& utf8) override { SDL_SetClipboardText(utf8.c_str()); }
 
     int RefreshRate() override {
         SDL_DisplayMode mode{};
@@ -225,8 +222,8 @@ private:
 
 /// Opens the desktop window; null when there is no display. Sizes are logical, scale 1 to 3.
 extern "C" __attribute__((visibility("default"))) present::Screen* CreatePresentScreen(int width,
-                                                                                      int height,
-                                                                                      int scale) {
+                                                                                       int height,
+                                                                                       int scale) {
     // The accelerated path costs ten times the memory and twenty times the time for plain pixels.
     SDL_SetHint(SDL_HINT_FRAMEBUFFER_ACCELERATION, "0");
     SDL_SetHint(SDL_HINT_VIDEO_X11_NET_WM_BYPASS_COMPOSITOR, "0");

@@ -167,9 +167,7 @@ void Drag(POINT from, POINT to) {
     Mouse(MOUSEEVENTF_LEFTUP);
 }
 
-void Wheel(int notches) {
-    Mouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA));
-}
+void Wheel(int notches) { Mouse(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA)); }
 
 POINT ScreenPoint(HWND window, int x, int y) {
     POINT point{x, y};

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/system.h"
-
 #include <string>
+
+#include "platform/system.h"
 
 /// Input as a person makes it: through the pointer and the keyboard of the desktop, so that hit
 /// tests, activation, capture and focus decide who gets it. Every call dispatches what it caused
@@ -45,7 +45,8 @@ void Key(BYTE key, Modifier modifier = Modifier::kNone);
 void Type(const char* gbk);
 
 /// Does `action` once the user interface waits for the user: the way to answer a modal box or
-/// dialog that a later call opens. Actions run in the order in which they were given, one each time.
+/// dialog that a later call opens. Actions run in the order in which they were given, one each
+/// time.
 using Action = void (*)(void* context);
 void WhenIdle(Action action, void* context);
 /// Presses the button `id` of the topmost active dialog when the user interface waits for the user.

@@ -26,7 +26,8 @@ void RememberTexts() { winbase::hooks::RecordTexts(true); }
 std::vector<SeenText> SeenTexts(HWND window) {
     std::vector<SeenText> seen;
     for (const winbase::hooks::ShownText& shown : winbase::hooks::WindowTexts(window)) {
-        seen.push_back({text::Utf8FromGbk(shown.text), shown.rect, shown.color, shown.weight >= FW_BOLD});
+        seen.push_back(
+            {text::Utf8FromGbk(shown.text), shown.rect, shown.color, shown.weight >= FW_BOLD});
     }
     return seen;
 }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "platform/system.h"
-
 #include <string>
 #include <vector>
 
-/// What a person would see. A real Windows desktop cannot be read back this way: the functions answer
-/// false or nothing there.
+#include "platform/system.h"
+
+/// What a person would see. A real Windows desktop cannot be read back this way: the functions
+/// answer false or nothing there.
 namespace platform::testing {
 
 /// A window with its frame as a picture file, the whole desktop for null. `path` is the host's own.

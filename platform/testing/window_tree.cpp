@@ -33,7 +33,8 @@ void Describe(HWND window, int depth, std::string& out) {
         out += " id " + std::to_string(GetDlgCtrlID(window));
     }
     out += " " + RectText(window);
-    out += (static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)) & WS_VISIBLE) != 0 ? " visible" : " hidden";
+    out += (static_cast<DWORD>(GetWindowLongA(window, GWL_STYLE)) & WS_VISIBLE) != 0 ? " visible"
+                                                                                     : " hidden";
     out += IsWindowEnabled(window) ? " enabled" : " disabled";
     if (GetFocus() == window) out += " focus";
     out += "\n";

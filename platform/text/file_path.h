@@ -9,11 +9,11 @@ namespace text {
 ///
 /// On Windows that is the path itself. Elsewhere the name is UTF-8: backslashes become slashes, the
 /// drive C goes (no other exists), "." and ".." are taken out by their spelling alone (as Windows
-/// does it, so that "none\..\x" is "x"), a backslash at the end stays one, and each part is replaced
-/// by the entry of its folder that has the name, or else the name in other letter case (the first in
-/// byte order). From the first part that does not exist the path stays as given, so the name of a
-/// new file in an existing folder comes out right. Empty for what can be no path: an empty one,
-/// broken GBK, characters that Windows refuses in names.
+/// does it, so that "none\..\x" is "x"), a backslash at the end stays one, and each part is
+/// replaced by the entry of its folder that has the name, or else the name in other letter case
+/// (the first in byte order). From the first part that does not exist the path stays as given, so
+/// the name of a new file in an existing folder comes out right. Empty for what can be no path: an
+/// empty one, broken GBK, characters that Windows refuses in names.
 std::string ResolvePath(const char* path);
 
 /// `fopen` on a resolved path; null with `errno` set on failure, also for a folder.

@@ -11,10 +11,13 @@ namespace {
 MessageLog* g_log = nullptr;
 
 // What a test about effects seldom wants to see.
-const std::set<UINT> kQuiet = {WM_NCHITTEST,     WM_NCPAINT, WM_NCCALCSIZE, WM_GETMINMAXINFO,
-                               WM_SETCURSOR,     WM_GETTEXT, WM_GETICON,    WM_GETTEXTLENGTH,
+const std::set<UINT> kQuiet = {WM_NCHITTEST,     WM_NCPAINT,
+                               WM_NCCALCSIZE,    WM_GETMINMAXINFO,
+                               WM_SETCURSOR,     WM_GETTEXT,
+                               WM_GETICON,       WM_GETTEXTLENGTH,
                                WM_MOUSEACTIVATE, 0x0281 /* input contexts of real desktops */,
-                               0x0282,           0x0031F,    0x0090,        0x031A};
+                               0x0282,           0x0031F,
+                               0x0090,           0x031A};
 
 }  // namespace
 
@@ -68,7 +71,9 @@ void MessageLog::Watch(HWND window, const std::string& role) {
 
 void MessageLog::Name(HWND window, const std::string& role) { roles_[window] = role; }
 
-void MessageLog::Remark(const std::string& text) { open_.back()->push_back({"_" + text + "_", {}}); }
+void MessageLog::Remark(const std::string& text) {
+    open_.back()->push_back({"_" + text + "_", {}});
+}
 
 std::string MessageLog::Take() {
     const std::string text = Print(entries_);
@@ -174,12 +179,21 @@ std::string MessageLog::Describe(UINT message, WPARAM wParam, LPARAM lParam) con
     const std::string name = MessageName(message);
     const auto word = [](int value) { return std::to_string(value); };
     switch (message) {
-        case WM_SHOWWINDOW: return name + "(" + word(static_cast<int>(wParam)) + ", " + word(static_cast<int>(lParam)) + ")";
-        case WM_SIZE: return name + "(" + word(static_cast<int>(wParam)) + ", " + word(LOWORD(lParam)) + "x" + word(HIWORD(lParam)) + ")";
-        case WM_MOVE: return name + "(" + word(static_cast<short>(LOWORD(lParam))) + "," + word(static_cast<short>(HIWORD(lParam))) + ")";
+        case WM_SHOWWINDOW:
+            return name + "(" + word(static_cast<int>(wParam)) + ", " +
+                   word(static_cast<int>(lParam)) + ")";
+        case WM_SIZE:
+            return name + "(" + word(static_cast<int>(wParam)) + ", " + word(LOWORD(lParam)) + "x" +
+                   word(HIWORD(lParam)) + ")";
+        case WM_MOVE:
+            return name + "(" + word(static_cast<short>(LOWORD(lParam))) + "," +
+                   word(static_cast<short>(HIWORD(lParam))) + ")";
         case WM_WINDOWPOSCHANGING:
-        case WM_WINDOWPOSCHANGED: return name + "(" + PositionFlags(*reinterpret_cast<const WINDOWPOS*>(lParam)) + ")";
-        case WM_ACTIVATE: return name + "(" + ActivationWord(wParam) + ", " + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
+        case WM_WINDOWPOSCHANGED:
+            return name + "(" + PositionFlags(*reinterpret_cast<const WINDOWPOS*>(lParam)) + ")";
+        case WM_ACTIVATE:
+            return name + "(" + ActivationWord(wParam) + ", " +
+                   RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
         case WM_SETFOCUS:
         case WM_KILLFOCUS: return name + "(" + RoleOf(reinterpret_cast<HWND>(wParam)) + ")";
         case WM_CAPTURECHANGED: return name + "(" + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
@@ -191,10 +205,12 @@ std::string MessageLog::Describe(UINT message, WPARAM wParam, LPARAM lParam) con
         case WM_SETTEXT: return name + "(\"" + reinterpret_cast<const char*>(lParam) + "\")";
         case WM_TIMER: return name + "(" + word(static_cast<int>(wParam)) + ", 0)";
         case WM_STYLECHANGING:
-        case WM_STYLECHANGED: return name + (static_cast<int>(wParam) == GWL_STYLE ? "(style)" : "(exstyle)");
+        case WM_STYLECHANGED:
+            return name + (static_cast<int>(wParam) == GWL_STYLE ? "(style)" : "(exstyle)");
         case WM_PARENTNOTIFY:
             if (LOWORD(wParam) == WM_CREATE || LOWORD(wParam) == WM_DESTROY) {
-                return name + "(" + MessageName(LOWORD(wParam)) + " id " + word(HIWORD(wParam)) + ", " + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
+                return name + "(" + MessageName(LOWORD(wParam)) + " id " + word(HIWORD(wParam)) +
+                       ", " + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
             }
             return name + "(" + MessageName(LOWORD(wParam)) + ", " + PointText(lParam) + ")";
         default: return DescribeInput(message, wParam, lParam);
@@ -205,7 +221,8 @@ std::string MessageLog::DescribeInput(UINT message, WPARAM wParam, LPARAM lParam
     const std::string name = MessageName(message);
     const auto word = [](int value) { return std::to_string(value); };
     if (message == WM_MOUSEWHEEL) {
-        return name + "(" + word(GET_WHEEL_DELTA_WPARAM(wParam)) + ", keys " + word(GET_KEYSTATE_WPARAM(wParam)) + ")";
+        return name + "(" + word(GET_WHEEL_DELTA_WPARAM(wParam)) + ", keys " +
+               word(GET_KEYSTATE_WPARAM(wParam)) + ")";
     }
     if ((message >= WM_MOUSEFIRST && message <= WM_MBUTTONDBLCLK) || message == WM_MOUSEHOVER) {
         return name + "(" + word(static_cast<int>(wParam)) + ", " + PointText(lParam) + ")";
@@ -222,21 +239,27 @@ std::string MessageLog::DescribeInput(UINT message, WPARAM wParam, LPARAM lParam
         case WM_CHAR: return name + "(" + word(static_cast<int>(wParam)) + ")";
         case WM_SETCURSOR:
         case WM_MOUSEACTIVATE:
-            return name + "(" + RoleOf(reinterpret_cast<HWND>(wParam)) + ", hit " + word(static_cast<short>(LOWORD(lParam))) + ", " + MessageName(HIWORD(lParam)) + ")";
+            return name + "(" + RoleOf(reinterpret_cast<HWND>(wParam)) + ", hit " +
+                   word(static_cast<short>(LOWORD(lParam))) + ", " + MessageName(HIWORD(lParam)) +
+                   ")";
         case WM_HSCROLL:
         case WM_VSCROLL:
-            return name + "(" + ScrollWord(LOWORD(wParam)) + ", pos " + word(HIWORD(wParam)) + ", " + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
+            return name + "(" + ScrollWord(LOWORD(wParam)) + ", pos " + word(HIWORD(wParam)) +
+                   ", " + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
         case WM_SYSCOMMAND: return name + "(" + SystemCommandText(wParam) + ")";
         case WM_COMMAND:
-            return name + "(" + word(LOWORD(wParam)) + ", code " + word(HIWORD(wParam)) + ", " + RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
+            return name + "(" + word(LOWORD(wParam)) + ", code " + word(HIWORD(wParam)) + ", " +
+                   RoleOf(reinterpret_cast<HWND>(lParam)) + ")";
         case WM_NOTIFY: {
             const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
-            return name + "(" + word(static_cast<int>(header.idFrom)) + ", code " + word(static_cast<int>(header.code)) + ")";
+            return name + "(" + word(static_cast<int>(header.idFrom)) + ", code " +
+                   word(static_cast<int>(header.code)) + ")";
         }
         default: break;
     }
     if (message >= WM_USER) {
-        return name + "(" + word(static_cast<int>(wParam)) + ", " + word(static_cast<int>(lParam)) + ")";
+        return name + "(" + word(static_cast<int>(wParam)) + ", " + word(static_cast<int>(lParam)) +
+               ")";
     }
     return name;
 }

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "platform/system.h"
-
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
+
+#include "platform/system.h"
 
 namespace tests {
 

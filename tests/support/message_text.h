@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/system.h"
-
 #include <string>
+
+#include "platform/system.h"
 
 namespace tests {
 

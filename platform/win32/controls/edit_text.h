@@ -43,7 +43,8 @@ public:
     void Select(std::size_t anchor, std::size_t caret);
     void MoveCaret(std::size_t position, bool extend);
 
-    /// The whole text anew: caret at the start, nothing to undo. Line ends are kept in this text's way.
+    /// The whole text anew: caret at the start, nothing to undo. Line ends are kept in this text's
+    /// way.
     void Assign(std::string_view bytes);
     /// The whole text, with CR LF for every line end of a rich edit.
     std::string Bytes() const;

@@ -30,8 +30,8 @@ public:
     void Clear() { items_.clear(); }
 
     enum class Match { kPrefix, kWhole };
-    /// The first row behind `after` that begins with or equals the text, letters regardless of case;
-    /// goes on at the top and ends where it began. -1 for none, and for an empty text.
+    /// The first row behind `after` that begins with or equals the text, letters regardless of
+    /// case; goes on at the top and ends where it began. -1 for none, and for an empty text.
     int Find(std::string_view text, LRESULT after, Match match) const;
 
 private:

@@ -30,7 +30,7 @@ private:
     DWORD event_mask_ = 0;
     bool update_due_ = false;  ///< EN_UPDATE, before what changed is painted
     COLORREF ground_ = RGB(255, 255, 255);
-    HBRUSH ground_brush_ = nullptr;  ///< none while the system's colour is wanted
+    HBRUSH ground_brush_ = nullptr;   ///< none while the system's colour is wanted
     bool end_mark_selected_ = false;  ///< everything, the text's last line end included
 };
 

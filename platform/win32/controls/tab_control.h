@@ -29,7 +29,9 @@ private:
     };
 
     LRESULT ItemMessage(UINT message, WPARAM wParam, LPARAM lParam);
-    bool Has(LRESULT index) const { return index >= 0 && index < static_cast<LRESULT>(items_.size()); }
+    bool Has(LRESULT index) const {
+        return index >= 0 && index < static_cast<LRESULT>(items_.size());
+    }
 
     LRESULT Insert(int index, const TCITEMA& item);
     LRESULT GetItem(int index, TCITEMA& item) const;

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <windows.h>
-
 #include <commctrl.h>
+#include <windows.h>
 
 #include <cstdint>
 #include <memory>
@@ -18,7 +17,7 @@ struct TreeItem {
     std::vector<TreeItem*> children;
     std::string text;
     LPARAM data = 0;
-    UINT state = 0;                  ///< TVIS_...
+    UINT state = 0;                   ///< TVIS_...
     bool announces_children = false;  ///< has a button before its children are there
 
     bool expanded() const { return (state & TVIS_EXPANDED) != 0; }

@@ -33,11 +33,11 @@ struct ShownText {
     int weight;
 };
 
-/// Whether surfaces remember the texts that are drawn on them; off at first. What was drawn while it
-/// was off is not known.
+/// Whether surfaces remember the texts that are drawn on them; off at first. What was drawn while
+/// it was off is not known.
 WINBASE_HOOK void RecordTexts(bool on);
-/// The texts within what the context can draw on, in the order in which they were drawn. Empty for a
-/// dead context.
+/// The texts within what the context can draw on, in the order in which they were drawn. Empty for
+/// a dead context.
 WINBASE_HOOK std::vector<ShownText> ShownTexts(HDC dc);
 /// The smallest rectangle around what the context can draw on, as an RGB picture; `path` is the
 /// system's own. False when there is nothing to see or the file can't be written.

@@ -135,14 +135,15 @@ struct POINTS {
 
 #define MAX_PATH 260
 
-#define MAKEWORD(low, high) \
-    (static_cast<WORD>((static_cast<BYTE>(low)) | (static_cast<WORD>(static_cast<BYTE>(high)) << 8)))
-#define MAKELONG(low, high)                                   \
+#define MAKEWORD(low, high)                       \
+    (static_cast<WORD>((static_cast<BYTE>(low)) | \
+                       (static_cast<WORD>(static_cast<BYTE>(high)) << 8)))
+#define MAKELONG(low, high)                                           \
     (static_cast<LONG>((static_cast<DWORD>(static_cast<WORD>(low))) | \
                        (static_cast<DWORD>(static_cast<WORD>(high)) << 16)))
-#define LOWORD(value) (static_cast<WORD>((DWORD_PTR)(value) & 0xffff))
+#define LOWORD(value) (static_cast<WORD>((DWORD_PTR)(value)&0xffff))
 #define HIWORD(value) (static_cast<WORD>(((DWORD_PTR)(value) >> 16) & 0xffff))
-#define LOBYTE(value) (static_cast<BYTE>((DWORD_PTR)(value) & 0xff))
+#define LOBYTE(value) (static_cast<BYTE>((DWORD_PTR)(value)&0xff))
 #define HIBYTE(value) (static_cast<BYTE>(((DWORD_PTR)(value) >> 8) & 0xff))
 #define MAKEWPARAM(low, high) (static_cast<WPARAM>(static_cast<DWORD>(MAKELONG(low, high))))
 #define MAKELPARAM(low, high) (static_cast<LPARAM>(static_cast<DWORD>(MAKELONG(low, high))))

@@ -7,6 +7,6 @@
 #include "windef.h"
 // The order follows the needs of the parts: system services, drawing, windows.
 #include "winbase.h"
-#include "winnls.h"
 #include "wingdi.h"
+#include "winnls.h"
 #include "winuser.h"

@@ -6,9 +6,11 @@
 
 // Dialog functions
 WIN32_EXPORT HWND WINAPI CreateDialogIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialog,
-                                                    HWND parent, DLGPROC procedure, LPARAM parameter);
+                                                    HWND parent, DLGPROC procedure,
+                                                    LPARAM parameter);
 WIN32_EXPORT INT_PTR WINAPI DialogBoxIndirectParamA(HINSTANCE instance, LPCDLGTEMPLATEA dialog,
-                                                    HWND parent, DLGPROC procedure, LPARAM parameter);
+                                                    HWND parent, DLGPROC procedure,
+                                                    LPARAM parameter);
 WIN32_EXPORT BOOL WINAPI EndDialog(HWND dialog, INT_PTR result);
 WIN32_EXPORT LRESULT WINAPI DefDlgProcA(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam);
 WIN32_EXPORT BOOL WINAPI IsDialogMessageA(HWND dialog, LPMSG message);

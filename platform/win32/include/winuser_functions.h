@@ -76,7 +76,8 @@ WIN32_EXPORT int WINAPI MapWindowPoints(HWND from, HWND to, LPPOINT points, UINT
 WIN32_EXPORT BOOL WINAPI AdjustWindowRectEx(LPRECT rect, DWORD style, BOOL menu, DWORD ex_style);
 WIN32_EXPORT BOOL WINAPI AdjustWindowRect(LPRECT rect, DWORD style, BOOL menu);
 WIN32_EXPORT int WINAPI GetSystemMetrics(int index);
-WIN32_EXPORT BOOL WINAPI SystemParametersInfoA(UINT action, UINT parameter, PVOID value, UINT flags);
+WIN32_EXPORT BOOL WINAPI SystemParametersInfoA(UINT action, UINT parameter, PVOID value,
+                                               UINT flags);
 
 // Activation, focus, capture
 WIN32_EXPORT HWND WINAPI GetActiveWindow();
@@ -113,23 +114,27 @@ WIN32_EXPORT int WINAPI SetScrollInfo(HWND window, int bar, LPCSCROLLINFO info, 
 WIN32_EXPORT BOOL WINAPI GetScrollInfo(HWND window, int bar, LPSCROLLINFO info);
 WIN32_EXPORT int WINAPI SetScrollPos(HWND window, int bar, int position, BOOL redraw);
 WIN32_EXPORT int WINAPI GetScrollPos(HWND window, int bar);
-WIN32_EXPORT BOOL WINAPI SetScrollRange(HWND window, int bar, int minimum, int maximum, BOOL redraw);
+WIN32_EXPORT BOOL WINAPI SetScrollRange(HWND window, int bar, int minimum, int maximum,
+                                        BOOL redraw);
 WIN32_EXPORT BOOL WINAPI GetScrollRange(HWND window, int bar, LPINT minimum, LPINT maximum);
 WIN32_EXPORT BOOL WINAPI ShowScrollBar(HWND window, int bar, BOOL show);
 WIN32_EXPORT BOOL WINAPI EnableScrollBar(HWND window, UINT bar, UINT arrows);
 
 // Messages and queue
 WIN32_EXPORT BOOL WINAPI PostMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-WIN32_EXPORT BOOL WINAPI PostThreadMessageA(DWORD thread, UINT message, WPARAM wParam, LPARAM lParam);
+WIN32_EXPORT BOOL WINAPI PostThreadMessageA(DWORD thread, UINT message, WPARAM wParam,
+                                            LPARAM lParam);
 WIN32_EXPORT LRESULT WINAPI SendMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 WIN32_EXPORT LRESULT WINAPI SendMessageTimeoutA(HWND window, UINT message, WPARAM wParam,
                                                 LPARAM lParam, UINT flags, UINT millis,
                                                 PDWORD_PTR result);
-WIN32_EXPORT BOOL WINAPI SendNotifyMessageA(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+WIN32_EXPORT BOOL WINAPI SendNotifyMessageA(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam);
 WIN32_EXPORT BOOL WINAPI InSendMessage();
 WIN32_EXPORT BOOL WINAPI ReplyMessage(LRESULT result);
 WIN32_EXPORT BOOL WINAPI GetMessageA(LPMSG message, HWND window, UINT first, UINT last);
-WIN32_EXPORT BOOL WINAPI PeekMessageA(LPMSG message, HWND window, UINT first, UINT last, UINT remove);
+WIN32_EXPORT BOOL WINAPI PeekMessageA(LPMSG message, HWND window, UINT first, UINT last,
+                                      UINT remove);
 WIN32_EXPORT BOOL WINAPI TranslateMessage(const MSG* message);
 WIN32_EXPORT LRESULT WINAPI DispatchMessageA(const MSG* message);
 WIN32_EXPORT void WINAPI PostQuitMessage(int code);

@@ -221,7 +221,8 @@
 #define SPI_GETWORKAREA 0x0030
 #define SPI_GETWHEELSCROLLLINES 0x0068
 
-#define MAKEINTRESOURCEA(number) (reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(number))))
+#define MAKEINTRESOURCEA(number) \
+    (reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(static_cast<WORD>(number))))
 #define MAKEINTRESOURCE MAKEINTRESOURCEA
 #define IS_INTRESOURCE(name) ((reinterpret_cast<ULONG_PTR>(name) >> 16) == 0)
 #define IDC_ARROW MAKEINTRESOURCEA(32512)

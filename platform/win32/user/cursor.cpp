@@ -18,18 +18,17 @@ struct CursorShape {
     present::Cursor shape;
 };
 
-const std::array kCursors = {
-    CursorShape{IDC_ARROW, present::Cursor::kArrow},
-    CursorShape{IDC_IBEAM, present::Cursor::kBeam},
-    CursorShape{IDC_WAIT, present::Cursor::kWait},
-    CursorShape{IDC_CROSS, present::Cursor::kCross},
-    CursorShape{IDC_SIZENWSE, present::Cursor::kSizeNwse},
-    CursorShape{IDC_SIZENESW, present::Cursor::kSizeNesw},
-    CursorShape{IDC_SIZEWE, present::Cursor::kSizeWe},
-    CursorShape{IDC_SIZENS, present::Cursor::kSizeNs},
-    CursorShape{IDC_SIZEALL, present::Cursor::kSizeAll},
-    CursorShape{IDC_NO, present::Cursor::kNo},
-    CursorShape{IDC_HAND, present::Cursor::kHand}};
+const std::array kCursors = {CursorShape{IDC_ARROW, present::Cursor::kArrow},
+                             CursorShape{IDC_IBEAM, present::Cursor::kBeam},
+                             CursorShape{IDC_WAIT, present::Cursor::kWait},
+                             CursorShape{IDC_CROSS, present::Cursor::kCross},
+                             CursorShape{IDC_SIZENWSE, present::Cursor::kSizeNwse},
+                             CursorShape{IDC_SIZENESW, present::Cursor::kSizeNesw},
+                             CursorShape{IDC_SIZEWE, present::Cursor::kSizeWe},
+                             CursorShape{IDC_SIZENS, present::Cursor::kSizeNs},
+                             CursorShape{IDC_SIZEALL, present::Cursor::kSizeAll},
+                             CursorShape{IDC_NO, present::Cursor::kNo},
+                             CursorShape{IDC_HAND, present::Cursor::kHand}};
 
 const std::array kIcons = {IDI_APPLICATION, IDI_ERROR, IDI_QUESTION, IDI_WARNING, IDI_INFORMATION};
 

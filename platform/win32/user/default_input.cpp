@@ -48,9 +48,7 @@ void PressBox(Window* window, int hit, LPARAM lParam) {
     if (TrackBox(window, hit)) SendCommand(handle, BoxCommand(LookUp(handle), hit), lParam);
 }
 
-bool CanClose(const Window* window) {
-    return (window->window_class->style & CS_NOCLOSE) == 0;
-}
+bool CanClose(const Window* window) { return (window->window_class->style & CS_NOCLOSE) == 0; }
 
 }  // namespace
 

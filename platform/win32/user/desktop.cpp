@@ -1,7 +1,7 @@
+#include <winbase_hooks.h>
+
 #include <algorithm>
 #include <memory>
-
-#include <winbase_hooks.h>
 
 #include "platform/present/screen.h"
 #include "platform/win32/gdi/dc_target.h"
@@ -54,7 +54,8 @@ void CollectLayout(Desktop& desktop) {
     const auto same = [](const auto& one, const auto& other) {
         return one.first == other.first && EqualRect(&one.second, &other.second) != FALSE;
     };
-    if (std::equal(now.begin(), now.end(), desktop.shown.begin(), desktop.shown.end(), same)) return;
+    if (std::equal(now.begin(), now.end(), desktop.shown.begin(), desktop.shown.end(), same))
+        return;
     for (const auto* list : {&now, &desktop.shown}) {
         for (const auto& [handle, rect] : *list) desktop.damage.Unite(rect);
     }
@@ -88,7 +89,8 @@ void CopyPart(const Surface& source, POINT place, Surface& picture, const RECT& 
     if (IsEmpty(within)) return;
     for (int y = within.top * scale; y < within.bottom * scale; ++y) {
         const Pixel* const from = source.Row(y - place.y * scale) + (within.left - place.x) * scale;
-        std::copy(from, from + (within.right - within.left) * scale, picture.Row(y) + within.left * scale);
+        std::copy(from, from + (within.right - within.left) * scale,
+                  picture.Row(y) + within.left * scale);
     }
 }
 
@@ -98,7 +100,9 @@ void Darken(Surface& picture, const RECT& part, int share) {
         Pixel* const row = picture.Row(y);
         for (int x = part.left * scale; x < part.right * scale; ++x) {
             const Pixel old = row[x];
-            const auto dim = [&](int shift) { return ((old >> shift & 0xFF) * static_cast<Pixel>(256 - share) >> 8) << shift; };
+            const auto dim = [&](int shift) {
+                return ((old >> shift & 0xFF) * static_cast<Pixel>(256 - share) >> 8) << shift;
+            };
             row[x] = dim(16) | dim(8) | dim(0);
         }
     }
@@ -131,7 +135,8 @@ void ComposePart(Surface& picture, const RECT& part) {
 Region Compose(Desktop& desktop) {
     if (desktop.picture == nullptr || desktop.picture->width() != desktop.size.cx ||
         desktop.picture->height() != desktop.size.cy) {
-        desktop.picture = std::make_unique<Surface>(desktop.size.cx, desktop.size.cy, DefaultScale());
+        desktop.picture =
+            std::make_unique<Surface>(desktop.size.cx, desktop.size.cy, DefaultScale());
         desktop.damage.Unite(RECT{0, 0, desktop.size.cx, desktop.size.cy});
     }
     CollectDamage(desktop);
@@ -194,11 +199,13 @@ int PresentFrame() {
     desktop.last_present = ClockTicks();
     const Region done = Compose(desktop);
     std::vector<present::Rect> rects;
-    for (const RECT& rect : done.Rects()) rects.push_back({rect.left, rect.top, rect.right, rect.bottom});
+    for (const RECT& rect : done.Rects())
+        rects.push_back({rect.left, rect.top, rect.right, rect.bottom});
     if (rects.empty()) return -1;
     const Surface& picture = *desktop.picture;
     desktop.screen->Present({picture.Row(0), picture.device_width(), picture.device_height(),
-                             static_cast<int>(picture.stride()), picture.scale()}, rects);
+                             static_cast<int>(picture.stride()), picture.scale()},
+                            rects);
     return -1;
 }
 

@@ -45,7 +45,8 @@ void SendNcDestroy(HWND handle) {
 void DestroyOwned(HWND handle) {
     std::vector<HWND> owned;
     for (const Window* window : DesktopWindow()->children) {
-        if (window->owner != nullptr && window->owner->handle == handle) owned.push_back(window->handle);
+        if (window->owner != nullptr && window->owner->handle == handle)
+            owned.push_back(window->handle);
     }
     for (const HWND window : owned) {
         if (LookUp(window) != nullptr) DestroyWindow(window);
@@ -65,7 +66,8 @@ void HideForDestruction(Window* window) {
 }  // namespace
 
 void ForgetDestroyed(Window* window) {
-    auto& siblings = window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
+    auto& siblings =
+        window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
     std::erase(siblings, window);
     for (Window* other : DesktopWindow()->children) {
         if (other->owner == window) other->owner = nullptr;

@@ -1,5 +1,5 @@
-#include "platform/win32/user/pointer.h"
 #include "platform/win32/user/input.h"
+#include "platform/win32/user/pointer.h"
 #include "platform/win32/user/timer.h"
 #include "platform/win32/user/track_mouse.h"
 #include "platform/win32/user/window.h"

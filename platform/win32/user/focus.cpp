@@ -18,7 +18,8 @@ Window* NextActive(const Window* leaving) {
         if (CanBeActive(owner, leaving)) return owner;
     }
     for (Window* window : DesktopWindow()->children) {
-        if (CanBeActive(window, leaving) && (window->ex_style & WS_EX_TOOLWINDOW) == 0) return window;
+        if (CanBeActive(window, leaving) && (window->ex_style & WS_EX_TOOLWINDOW) == 0)
+            return window;
     }
     return nullptr;
 }
@@ -43,7 +44,8 @@ bool Deactivate(HWND next) {
     SendMessageA(former, WM_NCACTIVATE, FALSE, reinterpret_cast<LPARAM>(next));
     if (LookUp(former) != nullptr) {
         const bool minimised = (LookUp(former)->style & WS_MINIMIZE) != 0;
-        SendMessageA(former, WM_ACTIVATE, MAKEWPARAM(WA_INACTIVE, minimised), reinterpret_cast<LPARAM>(next));
+        SendMessageA(former, WM_ACTIVATE, MAKEWPARAM(WA_INACTIVE, minimised),
+                     reinterpret_cast<LPARAM>(next));
     }
     return next == nullptr || LookUp(next) != nullptr;
 }
@@ -55,7 +57,8 @@ void LeaveApplication() {
     if (ui.active == former) ui.active = nullptr;
     if (ui.active != nullptr) return;
     ui.application_active = false;
-    if (former != nullptr && LookUp(former) != nullptr) SendMessageA(former, WM_ACTIVATEAPP, FALSE, 0);
+    if (former != nullptr && LookUp(former) != nullptr)
+        SendMessageA(former, WM_ACTIVATEAPP, FALSE, 0);
     if (ui.active == nullptr) MoveFocus(nullptr);
 }
 
@@ -84,7 +87,8 @@ bool Activate(Window* window, ActivationKind kind) {
     SendMessageA(handle, WM_ACTIVATE, MAKEWPARAM(how, minimised), reinterpret_cast<LPARAM>(former));
     if (ui.active != handle || LookUp(handle) == nullptr) return false;
     if (kind == ActivationKind::kFocus || minimised) return true;
-    // A window that took no focus at WM_ACTIVATE gets it: keys go to the active window or one inside.
+    // A window that took no focus at WM_ACTIVATE gets it: keys go to the active window or one
+    // inside.
     Window* const focused = LookUp(ui.focus);
     if (focused == nullptr || TopLevel(focused) != window) MoveFocus(handle);
     return ui.active == handle;
@@ -162,7 +166,8 @@ HWND WINAPI SetFocus(HWND handle) {
     for (const Window* up = window; up != nullptr; up = up->parent) {
         if ((up->style & (WS_DISABLED | WS_MINIMIZE)) != 0) return nullptr;
     }
-    if (ui.active != TopLevel(window)->handle && !Activate(window, ActivationKind::kFocus)) return nullptr;
+    if (ui.active != TopLevel(window)->handle && !Activate(window, ActivationKind::kFocus))
+        return nullptr;
     if (LookUp(handle) == nullptr) return nullptr;
     const HWND former = ui.focus;
     MoveFocus(handle);

@@ -11,8 +11,8 @@ constexpr int kGlyph = 10;  // side of the signs in the boxes
 constexpr COLORREF kBoxPressed = RGB(0xE3, 0xE8, 0xED);
 
 HFONT TitleFont() {
-    static const HFONT font = CreateFontA(kTitleHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET,
-                                          0, 0, 0, 0, "宋体");
+    static const HFONT font =
+        CreateFontA(kTitleHeight, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "宋体");
     return font;
 }
 
@@ -56,17 +56,15 @@ void DrawSign(HDC dc, const RECT& box, int hit, bool zoomed) {
     FrameRect(dc, &square, GetSysColorBrush(COLOR_CAPTIONTEXT));
 }
 
-RECT BoxOf(const FrameLayout& frame, int hit) {
-    return hit == HTCLOSE ? frame.close : frame.zoom;
-}
+RECT BoxOf(const FrameLayout& frame, int hit) { return hit == HTCLOSE ? frame.close : frame.zoom; }
 
 void DrawBox(const Window* window, int hit, BoxState state, HDC dc) {
     RECT box = BoxOf(LayOutFrame(window), hit);
     if (IsRectEmpty(&box)) return;
     // The line under the title goes on below the boxes.
     --box.bottom;
-    const HBRUSH ground = CreateSolidBrush(state == BoxState::kPressed ? kBoxPressed
-                                                                       : GetSysColor(COLOR_ACTIVECAPTION));
+    const HBRUSH ground = CreateSolidBrush(
+        state == BoxState::kPressed ? kBoxPressed : GetSysColor(COLOR_ACTIVECAPTION));
     FillRect(dc, &box, ground);
     DeleteObject(ground);
     const HPEN pen = CreatePen(PS_SOLID, 1, GetSysColor(COLOR_CAPTIONTEXT));
@@ -89,8 +87,8 @@ void PaintTitle(const Window* window, const FrameLayout& frame, HDC dc) {
     }
     const HGDIOBJ former = SelectObject(dc, TitleFont());
     SetBkMode(dc, TRANSPARENT);
-    SetTextColor(dc, GetSysColor(window->frame_active ? COLOR_CAPTIONTEXT
-                                                      : COLOR_INACTIVECAPTIONTEXT));
+    SetTextColor(dc,
+                 GetSysColor(window->frame_active ? COLOR_CAPTIONTEXT : COLOR_INACTIVECAPTIONTEXT));
     DrawTextA(dc, window->text.c_str(), -1, &text,
               DT_LEFT | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS);
     SelectObject(dc, former);

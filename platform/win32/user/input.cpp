@@ -73,8 +73,8 @@ void TakeScreenEvent(const present::Event& event) {
     }
 }
 
-// Windows that moved under a resting pointer hear of it as of a move. A pointer that nobody has moved
-// yet is nowhere.
+// Windows that moved under a resting pointer hear of it as of a move. A pointer that nobody has
+// moved yet is nowhere.
 void QueueRefresh() {
     if (!g_refresh || !g_events.empty()) return;
     g_refresh = false;
@@ -93,9 +93,8 @@ bool Commit(const InputEvent& event, MSG& message) {
 }
 
 bool Erase(unsigned number) {
-    return std::erase_if(g_events, [number](const InputEvent& event) {
-               return event.number == number;
-           }) != 0;
+    return std::erase_if(g_events,
+                         [number](const InputEvent& event) { return event.number == number; }) != 0;
 }
 
 }  // namespace

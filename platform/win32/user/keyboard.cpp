@@ -92,8 +92,8 @@ Resolution ResolveKey(const InputEvent& event, const MessageFilter& filter, MSG&
     // Without a focus keys are for the active window, as keys of the system.
     const UINT number = KeyMessage(event.down, by_alt || focus == nullptr);
     if (!filter.Takes(target, number)) return Resolution::kOther;
-    message = {target, number, static_cast<WPARAM>(key), KeyBits(event, key, by_alt), event.time,
-               event.place};
+    message = {target,     number,     static_cast<WPARAM>(key), KeyBits(event, key, by_alt),
+               event.time, event.place};
     return Resolution::kMessage;
 }
 

@@ -118,8 +118,8 @@ bool MessageQueue::HasPosted() {
 
 void MessageQueue::Forget(HWND window) {
     Drain();
-    posted_count_ -= std::erase_if(
-        posted_, [window](const MSG& posted) { return posted.hwnd == window; });
+    posted_count_ -=
+        std::erase_if(posted_, [window](const MSG& posted) { return posted.hwnd == window; });
 }
 
 std::vector<present::Event> MessageQueue::Sleep(int millis, present::Screen* screen) {

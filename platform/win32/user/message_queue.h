@@ -19,9 +19,9 @@ namespace winbase {
 
 /// Which messages a call asks for.
 struct MessageFilter {
-    HWND window = nullptr;      ///< with its descendants; null for all
-    bool thread_only = false;   ///< only messages without a window
-    UINT first = 0;             ///< both 0 for all
+    HWND window = nullptr;     ///< with its descendants; null for all
+    bool thread_only = false;  ///< only messages without a window
+    UINT first = 0;            ///< both 0 for all
     UINT last = 0;
 
     bool TakesAll() const { return window == nullptr && !thread_only && first == 0 && last == 0; }

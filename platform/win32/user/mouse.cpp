@@ -110,8 +110,8 @@ Hit g_resolved;
 Resolution ResolveWheel(const InputEvent& event, const MessageFilter& filter, MSG& message) {
     if (g_resolved.window == nullptr || g_resolved.code == HTERROR) return Resolution::kGone;
     if (!filter.Takes(g_resolved.window, WM_MOUSEWHEEL)) return Resolution::kOther;
-    message = {g_resolved.window, WM_MOUSEWHEEL, MAKEWPARAM(MouseKeys(), event.wheel),
-               ScreenPointOf(event.place), event.time, event.place};
+    message = {g_resolved.window,          WM_MOUSEWHEEL, MAKEWPARAM(MouseKeys(), event.wheel),
+               ScreenPointOf(event.place), event.time,    event.place};
     return Resolution::kMessage;
 }
 

@@ -84,8 +84,7 @@ FrameLayout LayOutFrame(const Window* window) {
     frame.border = OuterBorder(window->style, window->ex_style);
     const RECT& client = window->client;
     if ((window->style & WS_HSCROLL) != 0 && (window->style & WS_VSCROLL) != 0) {
-        frame.corner = {client.right, client.bottom,
-                        client.right + GetSystemMetrics(SM_CXVSCROLL),
+        frame.corner = {client.right, client.bottom, client.right + GetSystemMetrics(SM_CXVSCROLL),
                         client.bottom + GetSystemMetrics(SM_CYHSCROLL)};
     }
     if (!HasTitle(window->style)) return frame;

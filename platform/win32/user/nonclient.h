@@ -9,7 +9,7 @@ struct FrameLayout {
     int border = 0;  ///< outer border, without the client edge
     RECT title{};    ///< the whole title bar
     RECT close{};
-    RECT zoom{};     ///< no box to minimise: on one desktop nothing would bring the window back
+    RECT zoom{};    ///< no box to minimise: on one desktop nothing would bring the window back
     RECT corner{};  ///< between two scroll bars
 };
 FrameLayout LayOutFrame(const Window* window);

@@ -13,7 +13,9 @@ RECT WholeRect(const Window* window) {
     return {0, 0, window->rect.right - window->rect.left, window->rect.bottom - window->rect.top};
 }
 
-bool WantsPaint(const Window* window) { return !window->paint.update.Empty() || window->paint.internal; }
+bool WantsPaint(const Window* window) {
+    return !window->paint.update.Empty() || window->paint.internal;
+}
 
 Window* NextBelow(Window* window) {
     if ((window->style & WS_VISIBLE) == 0 || (window->style & WS_MINIMIZE) != 0) return nullptr;
@@ -80,7 +82,8 @@ void SetInternal(Window* window, bool wanted) {
 }  // namespace
 
 Window* NextPaintWindow(const Window* within) {
-    if (within != nullptr) return IsShown(within) ? NextBelow(const_cast<Window*>(within)) : nullptr;
+    if (within != nullptr)
+        return IsShown(within) ? NextBelow(const_cast<Window*>(within)) : nullptr;
     for (Window* window : DesktopWindow()->children) {
         if (Window* const found = NextBelow(window)) return found;
     }
@@ -214,7 +217,8 @@ BOOL WINAPI GetUpdateRect(HWND handle, LPRECT rect, BOOL erase) {
     Region update = window->paint.update;
     update.Intersect(window->client);
     if (rect != nullptr) {
-        *rect = update.Empty() ? RECT{} : Moved(update.Bounds(), -window->client.left, -window->client.top);
+        *rect = update.Empty() ? RECT{}
+                               : Moved(update.Bounds(), -window->client.left, -window->client.top);
     }
     return !update.Empty();
 }

@@ -39,8 +39,8 @@ int Sooner(int millis, int other) {
 
 bool TakeQuit(bool remove, MSG& message) {
     if (!g_state.quit) return false;
-    message = {nullptr, WM_QUIT, static_cast<WPARAM>(g_state.quit_code), 0, GetTickCount(),
-               PointerPlace()};
+    message = {nullptr, WM_QUIT,        static_cast<WPARAM>(g_state.quit_code),
+               0,       GetTickCount(), PointerPlace()};
     if (remove) g_state.quit = false;
     return true;
 }

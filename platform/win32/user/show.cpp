@@ -79,8 +79,8 @@ void Zoom(Window* window) {
     if (left == nullptr) return;
     if ((left->style & (WS_MAXIMIZE | WS_MINIMIZE)) == 0) left->normal_rect = left->rect;
     left->style = (left->style | WS_MAXIMIZE) & ~DWORD{WS_MINIMIZE};
-    SetWindowPos(handle, nullptr, limits.ptMaxPosition.x, limits.ptMaxPosition.y, limits.ptMaxSize.x,
-                 limits.ptMaxSize.y, SWP_FRAMECHANGED);
+    SetWindowPos(handle, nullptr, limits.ptMaxPosition.x, limits.ptMaxPosition.y,
+                 limits.ptMaxSize.x, limits.ptMaxSize.y, SWP_FRAMECHANGED);
 }
 
 void Restore(Window* window) {
@@ -89,7 +89,8 @@ void Restore(Window* window) {
     const HWND handle = window->handle;
     window->style &= ~DWORD{WS_MAXIMIZE | WS_MINIMIZE};
     SetWindowPos(handle, nullptr, normal.left, normal.top, normal.right - normal.left,
-                 normal.bottom - normal.top, SWP_FRAMECHANGED | (minimised ? UINT{SWP_NOCOPYBITS} : 0U));
+                 normal.bottom - normal.top,
+                 SWP_FRAMECHANGED | (minimised ? UINT{SWP_NOCOPYBITS} : 0U));
     if (minimised && LookUp(handle) != nullptr) SetFocus(handle);
 }
 
@@ -101,8 +102,9 @@ void Minimise(Window* window) {
     if (left == nullptr) return;
     if ((left->style & WS_MAXIMIZE) == 0) left->normal_rect = left->rect;
     left->style = (left->style | WS_MINIMIZE) & ~DWORD{WS_MAXIMIZE};
-    SetWindowPos(handle, nullptr, kParked, kParked, GetSystemMetrics(SM_CXMIN), GetSystemMetrics(SM_CYMIN),
-                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED | SWP_SHOWWINDOW | SWP_NOCOPYBITS);
+    SetWindowPos(
+        handle, nullptr, kParked, kParked, GetSystemMetrics(SM_CXMIN), GetSystemMetrics(SM_CYMIN),
+        SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED | SWP_SHOWWINDOW | SWP_NOCOPYBITS);
 }
 
 }  // namespace

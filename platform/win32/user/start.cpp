@@ -1,14 +1,13 @@
 #include "platform/start.h"
 
 #include <dlfcn.h>
+#include <winbase_hooks.h>
+#include <windows.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <string>
-
-#include <winbase_hooks.h>
-#include <windows.h>
 
 #include "platform/present/screen.h"
 #include "platform/win32/gdi/dc_target.h"
@@ -19,7 +18,9 @@ namespace {
 // The desktop's library lies beside this one.
 std::string NextToThisLibrary(const char* name) {
     Dl_info info{};
-    if (dladdr(reinterpret_cast<const void*>(&platform::Start), &info) == 0 || info.dli_fname == nullptr) return name;
+    if (dladdr(reinterpret_cast<const void*>(&platform::Start), &info) == 0 ||
+        info.dli_fname == nullptr)
+        return name;
     const std::string path = info.dli_fname;
     const std::size_t slash = path.rfind('/');
     return slash == std::string::npos ? name : path.substr(0, slash + 1) + name;
@@ -35,10 +36,12 @@ bool DisplayAnnounced() {
 
 std::unique_ptr<present::Screen> OpenScreen(const platform::StartOptions& options, int scale) {
     using Create = present::Screen* (*)(int, int, int);
-    void* const library = dlopen(NextToThisLibrary("libpresent_sdl.so").c_str(), RTLD_NOW | RTLD_LOCAL);
+    void* const library =
+        dlopen(NextToThisLibrary("libpresent_sdl.so").c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr) return nullptr;
     const auto create = reinterpret_cast<Create>(dlsym(library, "CreatePresentScreen"));
-    return std::unique_ptr<present::Screen>(create != nullptr ? create(options.width, options.height, scale) : nullptr);
+    return std::unique_ptr<present::Screen>(
+        create != nullptr ? create(options.width, options.height, scale) : nullptr);
 }
 
 void StopClock() {
@@ -65,8 +68,9 @@ bool platform::Start(const StartOptions& options) {
                         (options.display == Display::kAutomatic && DisplayAnnounced());
     auto screen = wanted ? OpenScreen(options, scale) : nullptr;
     const bool opened = screen != nullptr;
-    const SIZE size = opened ? SIZE{screen->Width(), screen->Height()}
-                             : SIZE{std::clamp(options.width, 320, 8192), std::clamp(options.height, 240, 8192)};
+    const SIZE size =
+        opened ? SIZE{screen->Width(), screen->Height()}
+               : SIZE{std::clamp(options.width, 320, 8192), std::clamp(options.height, 240, 8192)};
     winbase::SetUpDesktop(std::move(screen), size);
     return opened || options.display != Display::kWindow;
 }

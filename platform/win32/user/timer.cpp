@@ -28,7 +28,8 @@ struct Timer {
 };
 
 std::vector<Timer> g_timers;
-// Everything that was ever given to SetTimer: a posted WM_TIMER with any other address is not called.
+// Everything that was ever given to SetTimer: a posted WM_TIMER with any other address is not
+// called.
 std::set<TIMERPROC> g_procedures;
 UINT_PTR g_next_id = 0x1000;
 
@@ -80,8 +81,12 @@ bool TakeTimer(const MessageFilter& filter, bool remove, MSG& message) {
     if (timer == nullptr) return false;
     const std::uint64_t now = ClockTicks();
     if (timer->due > now) return false;
-    message = {timer->window, timer->message, timer->id,
-               reinterpret_cast<LPARAM>(timer->procedure), static_cast<DWORD>(now), PointerPlace()};
+    message = {timer->window,
+               timer->message,
+               timer->id,
+               reinterpret_cast<LPARAM>(timer->procedure),
+               static_cast<DWORD>(now),
+               PointerPlace()};
     // Ticks that nobody fetched in time are gone, but the beat stays.
     if (remove) timer->due += ((now - timer->due) / timer->period + 1) * timer->period;
     return true;

@@ -42,9 +42,7 @@ void Drop(DWORD flags) {
 }
 
 // The pointer is where it is wanted: over the client area of the window.
-bool IsInside(const Hit& hit) {
-    return hit.window == g_tracking.window && hit.code == HTCLIENT;
-}
+bool IsInside(const Hit& hit) { return hit.window == g_tracking.window && hit.code == HTCLIENT; }
 
 BOOL Query(TRACKMOUSEEVENT& track) {
     track.dwFlags = g_tracking.flags;
@@ -89,7 +87,7 @@ bool TakeHover(const MessageFilter& filter, bool remove, MSG& message) {
     if (!filter.Takes(g_tracking.window, WM_MOUSEHOVER)) return false;
     const POINT place = PointerPlace();
     message = {g_tracking.window, WM_MOUSEHOVER, MouseKeys(), ClientPoint(g_tracking.window, place),
-               GetTickCount(), place};
+               GetTickCount(),    place};
     if (remove) Drop(TME_HOVER);
     return true;
 }

@@ -49,9 +49,9 @@ struct ScrollBar {
 /// What still has to be painted in one window; all rectangles in window coordinates.
 struct PaintState {
     Region update;
-    bool erase = false;       ///< the ground of `update` is still to be erased
-    bool frame = false;       ///< the frame is still to be painted
-    bool internal = false;    ///< WM_PAINT is wanted though nothing is invalid
+    bool erase = false;     ///< the ground of `update` is still to be erased
+    bool frame = false;     ///< the frame is still to be painted
+    bool internal = false;  ///< WM_PAINT is wanted though nothing is invalid
 };
 
 /// One window. Positions are in logical pixels (scale 1).
@@ -80,16 +80,16 @@ struct Window {
     RECT normal_rect{};  ///< where a maximised or minimised window returns to
 
     PaintState paint;
-    ScrollBar scroll[2];  ///< SB_HORZ, SB_VERT
+    ScrollBar scroll[2];               ///< SB_HORZ, SB_VERT
     std::unique_ptr<Surface> surface;  ///< top-level windows only
     HWND last_focus = nullptr;         ///< for dialogs: where the focus returns to
 
-    bool size_told = true;  ///< WM_SIZE has been sent; frames hear it when they are first shown
+    bool size_told = true;      ///< WM_SIZE has been sent; frames hear it when they are first shown
     bool frame_active = false;  ///< the frame shows the window as the active one
     bool has_scroll_data = false;  ///< a scroll bar was asked for at some time
     bool destroying = false;
     bool created = false;  ///< WM_CREATE has been answered
-    int locks = 0;  ///< calls into the window that have not returned
+    int locks = 0;         ///< calls into the window that have not returned
 };
 
 /// Keeps a window's memory while one of its procedures runs.
@@ -188,7 +188,8 @@ constexpr UINT kNoClientMove = 0x1000;
 LRESULT CallProcedure(Window* window, UINT message, WPARAM wParam, LPARAM lParam);
 /// Drops posted messages, timers, tracking and capture of a window that goes away.
 void ForgetWindow(HWND handle);
-/// Makes the next loop send mouse messages for the pointer's place again (windows moved beneath it).
+/// Makes the next loop send mouse messages for the pointer's place again (windows moved beneath
+/// it).
 void RefreshPointer();
 /// Runs `call` on the user interface thread the way a sent message arrives there, and waits for it.
 /// From any other thread.

@@ -108,7 +108,8 @@ BOOL WINAPI GetClassInfoA(HINSTANCE instance, LPCSTR name, WNDCLASSA* window_cla
 int WINAPI GetClassNameA(HWND handle, LPSTR name, int size) {
     const Window* const window = FindLive(handle);
     if (window == nullptr || name == nullptr || size <= 0) return 0;
-    const std::string text = window->window_class != nullptr ? window->window_class->name : "#32769";
+    const std::string text =
+        window->window_class != nullptr ? window->window_class->name : "#32769";
     lstrcpynA(name, text.c_str(), size);
     return lstrlenA(name);
 }

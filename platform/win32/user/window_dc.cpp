@@ -18,7 +18,8 @@ void SubtractSiblingsAbove(const Window* window, Region& region) {
     const RECT origin = ScreenClientRect(window->parent);
     for (const Window* sibling : window->parent->children) {
         if (sibling == window) return;
-        if ((sibling->style & WS_VISIBLE) != 0) region.Subtract(Moved(sibling->rect, origin.left, origin.top));
+        if ((sibling->style & WS_VISIBLE) != 0)
+            region.Subtract(Moved(sibling->rect, origin.left, origin.top));
     }
 }
 
@@ -29,7 +30,8 @@ public:
 
     Surface* TargetSurface() override {
         Window* const window = LookUp(window_);
-        return window != nullptr && window != DesktopWindow() ? TopLevel(window)->surface.get() : nullptr;
+        return window != nullptr && window != DesktopWindow() ? TopLevel(window)->surface.get()
+                                                              : nullptr;
     }
 
     POINT Origin() override {
@@ -50,7 +52,8 @@ public:
             if ((window->style & WS_CLIPCHILDREN) != 0) {
                 const RECT client = ScreenClientRect(window);
                 for (const Window* child : window->children) {
-                    if ((child->style & WS_VISIBLE) != 0) visible_.Subtract(Moved(child->rect, client.left, client.top));
+                    if ((child->style & WS_VISIBLE) != 0)
+                        visible_.Subtract(Moved(child->rect, client.left, client.top));
                 }
             }
         }

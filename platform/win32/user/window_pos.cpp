@@ -31,7 +31,8 @@ struct Change {
 bool SameOrder(const Change& change) {
     if (change.Has(SWP_NOZORDER)) return true;
     const Window* const window = change.window;
-    const auto& siblings = window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
+    const auto& siblings =
+        window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
     const HWND after = change.pos.hwndInsertAfter;
     const auto place = std::find(siblings.begin(), siblings.end(), window);
     const bool topmost = (window->ex_style & WS_EX_TOPMOST) != 0;
@@ -57,7 +58,8 @@ void Restack(const Change& change) {
         PutOnTop(window);
         return;
     }
-    auto& siblings = window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
+    auto& siblings =
+        window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
     const Window* const before = LookUp(after);
     std::erase(siblings, window);
     auto place = siblings.end();
@@ -99,7 +101,8 @@ void TakeRect(Window* window, const RECT& rect) {
 }
 
 void Place(Change& change) {
-    const SIZE size = change.Has(SWP_NOSIZE) ? SizeOf(change.old_rect) : SIZE{change.pos.cx, change.pos.cy};
+    const SIZE size =
+        change.Has(SWP_NOSIZE) ? SizeOf(change.old_rect) : SIZE{change.pos.cx, change.pos.cy};
     const POINT place = change.Has(SWP_NOMOVE) ? POINT{change.old_rect.left, change.old_rect.top}
                                                : POINT{change.pos.x, change.pos.y};
     TakeRect(change.window, {place.x, place.y, place.x + size.cx, place.y + size.cy});
@@ -175,8 +178,10 @@ void MarkClient(Change& change) {
     const SIZE size = SizeOf(window->client);
     const SIZE old_size = SizeOf(change.old_client);
     if (size.cx == old_size.cx && size.cy == old_size.cy) change.pos.flags |= kNoClientSize;
-    const bool same_left = window->rect.left + window->client.left == change.old_rect.left + change.old_client.left;
-    const bool same_top = window->rect.top + window->client.top == change.old_rect.top + change.old_client.top;
+    const bool same_left =
+        window->rect.left + window->client.left == change.old_rect.left + change.old_client.left;
+    const bool same_top =
+        window->rect.top + window->client.top == change.old_rect.top + change.old_client.top;
     if (same_left && same_top) change.pos.flags |= kNoClientMove;
 }
 
@@ -193,9 +198,12 @@ void Apply(Change& change) {
 }
 
 bool IsValidAnchor(const Window* window, HWND after) {
-    if (after == HWND_TOP || after == HWND_BOTTOM || after == HWND_TOPMOST || after == HWND_NOTOPMOST) return true;
+    if (after == HWND_TOP || after == HWND_BOTTOM || after == HWND_TOPMOST ||
+        after == HWND_NOTOPMOST)
+        return true;
     const Window* const anchor = LookUp(after);
-    return anchor != nullptr && anchor != window && anchor->parent == window->parent && anchor != DesktopWindow();
+    return anchor != nullptr && anchor != window && anchor->parent == window->parent &&
+           anchor != DesktopWindow();
 }
 
 }  // namespace
@@ -208,7 +216,8 @@ void SendCalcSize(Window* window) {
     sizes.rgrc[0] = sizes.rgrc[1] = window->rect;
     sizes.rgrc[2] = Moved(window->client, window->rect.left, window->rect.top);
     sizes.lppos = &pos;
-    CallProcedure(window, WM_NCCALCSIZE, window->created ? TRUE : FALSE, reinterpret_cast<LPARAM>(&sizes));
+    CallProcedure(window, WM_NCCALCSIZE, window->created ? TRUE : FALSE,
+                  reinterpret_cast<LPARAM>(&sizes));
     if (LookUp(handle) == nullptr) return;
     RECT client = Moved(sizes.rgrc[0], -window->rect.left, -window->rect.top);
     const SIZE size = SizeOf(window->rect);
@@ -221,7 +230,8 @@ void SendCalcSize(Window* window) {
 }
 
 void Reparent(Window* window, Window* parent) {
-    auto& siblings = window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
+    auto& siblings =
+        window->parent != nullptr ? window->parent->children : DesktopWindow()->children;
     std::erase(siblings, window);
     window->parent = parent;
     if (parent != nullptr) {
@@ -230,8 +240,9 @@ void Reparent(Window* window, Window* parent) {
         parent->children.insert(parent->children.begin(), window);
     } else {
         const SIZE size = SizeOf(window->rect);
-        window->surface = std::make_unique<Surface>(std::max<int>(size.cx, 1), std::max<int>(size.cy, 1),
-                                                    DefaultScale(), Surface::Damage::kCollect);
+        window->surface =
+            std::make_unique<Surface>(std::max<int>(size.cx, 1), std::max<int>(size.cy, 1),
+                                      DefaultScale(), Surface::Damage::kCollect);
         PutOnTop(window);
     }
     LayoutChanged();
@@ -246,13 +257,17 @@ void FrameChanged(Window* window) {
 
 using namespace winbase;
 
-BOOL WINAPI SetWindowPos(HWND handle, HWND insert_after, int x, int y, int width, int height, UINT flags) {
+BOOL WINAPI SetWindowPos(HWND handle, HWND insert_after, int x, int y, int width, int height,
+                         UINT flags) {
     Window* const window = FindLive(handle);
     if (window == nullptr || window == DesktopWindow()) return FALSE;
-    if ((flags & SWP_NOZORDER) == 0 && !IsValidAnchor(window, insert_after)) return Fail(ERROR_INVALID_WINDOW_HANDLE);
+    if ((flags & SWP_NOZORDER) == 0 && !IsValidAnchor(window, insert_after))
+        return Fail(ERROR_INVALID_WINDOW_HANDLE);
     const WindowLock lock(window);
-    Change change{window, handle, {handle, insert_after, x, y, width, height, flags}, window->rect,
-                  window->client, Region(), IsShown(window)};
+    Change change{
+        window,         handle,         {handle, insert_after, x, y, width, height, flags},
+        window->rect,   window->client, Region(),
+        IsShown(window)};
     if ((flags & SWP_NOMOVE) != 0) {
         change.pos.x = window->rect.left;
         change.pos.y = window->rect.top;
@@ -273,9 +288,11 @@ BOOL WINAPI SetWindowPos(HWND handle, HWND insert_after, int x, int y, int width
     change.old_client = window->client;
     change.was_shown = IsShown(window);
     if (change.was_shown) change.old_visible = VisibleOnScreen(window);
-    if (!change.Has(SWP_NOZORDER) && !IsValidAnchor(window, change.pos.hwndInsertAfter)) change.pos.flags |= SWP_NOZORDER;
+    if (!change.Has(SWP_NOZORDER) && !IsValidAnchor(window, change.pos.hwndInsertAfter))
+        change.pos.flags |= SWP_NOZORDER;
     FixFlags(change);
-    const bool activates = !change.Has(SWP_NOACTIVATE) && !change.Has(SWP_HIDEWINDOW) && window->parent == nullptr &&
+    const bool activates = !change.Has(SWP_NOACTIVATE) && !change.Has(SWP_HIDEWINDOW) &&
+                           window->parent == nullptr &&
                            ((window->style & WS_VISIBLE) != 0 || change.Has(SWP_SHOWWINDOW));
     if (NothingLeft(change) && !activates) return TRUE;
     Apply(change);

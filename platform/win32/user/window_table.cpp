@@ -1,3 +1,5 @@
+#include "platform/win32/user/window_table.h"
+
 #include <atomic>
 #include <cassert>
 
@@ -6,7 +8,6 @@
 #include "platform/win32/kernel/last_error.h"
 #include "platform/win32/user/ui_state.h"
 #include "platform/win32/user/window.h"
-#include "platform/win32/user/window_table.h"
 
 namespace winbase {
 

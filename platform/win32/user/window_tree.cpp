@@ -46,7 +46,8 @@ bool Hit(const Window* window, POINT screen) {
 
 HWND DeepestAt(const Window* window, POINT screen) {
     for (const Window* child : window->children) {
-        const bool reachable = (child->style & WS_VISIBLE) != 0 && (child->style & WS_DISABLED) == 0;
+        const bool reachable =
+            (child->style & WS_VISIBLE) != 0 && (child->style & WS_DISABLED) == 0;
         if (!reachable || !Hit(child, screen)) continue;
         const RECT client = ScreenClientRect(child);
         return PtInRect(&client, screen) ? DeepestAt(child, screen) : child->handle;
@@ -88,8 +89,8 @@ void PutOnTop(Window* window) {
     std::erase_if(tops, [&](Window* other) {
         return std::find(group.begin(), group.end(), other) != group.end();
     });
-    const auto behind_topmost =
-        std::find_if(tops.begin(), tops.end(), [](const Window* other) { return !IsTopmost(other); });
+    const auto behind_topmost = std::find_if(tops.begin(), tops.end(),
+                                             [](const Window* other) { return !IsTopmost(other); });
     std::vector<Window*> above;
     std::vector<Window*> ordinary;
     for (Window* other : group) (topmost || IsTopmost(other) ? above : ordinary).push_back(other);
@@ -124,7 +125,8 @@ HWND WINAPI GetAncestor(HWND handle, UINT kind) {
     Window* const window = FindLive(handle);
     if (window == nullptr || window == DesktopWindow()) return nullptr;
     switch (kind) {
-        case GA_PARENT: return HandleOf(window->parent != nullptr ? window->parent : DesktopWindow());
+        case GA_PARENT:
+            return HandleOf(window->parent != nullptr ? window->parent : DesktopWindow());
         case GA_ROOT: return TopLevel(window)->handle;
         case GA_ROOTOWNER: {
             const Window* root = TopLevel(window);
@@ -138,7 +140,8 @@ HWND WINAPI GetAncestor(HWND handle, UINT kind) {
 HWND WINAPI GetWindow(HWND handle, UINT relation) {
     const Window* const window = FindLive(handle);
     if (window == nullptr) return nullptr;
-    if (relation == GW_CHILD) return window->children.empty() ? nullptr : window->children.front()->handle;
+    if (relation == GW_CHILD)
+        return window->children.empty() ? nullptr : window->children.front()->handle;
     if (relation == GW_OWNER) return HandleOf(window->owner);
     if (window == DesktopWindow()) return nullptr;
     const auto& siblings = SiblingsOf(window);
@@ -194,9 +197,11 @@ BOOL WINAPI EnumThreadWindows(DWORD thread, WNDENUMPROC callback, LPARAM lParam)
 
 HWND WINAPI FindWindowA(LPCSTR class_name, LPCSTR title) {
     for (const Window* window : DesktopWindow()->children) {
-        const bool same_class = class_name == nullptr || (window->window_class != nullptr &&
-            text::EqualNoCase(window->window_class->name, class_name));
-        if (same_class && (title == nullptr || text::EqualNoCase(window->text, title))) return window->handle;
+        const bool same_class =
+            class_name == nullptr || (window->window_class != nullptr &&
+                                      text::EqualNoCase(window->window_class->name, class_name));
+        if (same_class && (title == nullptr || text::EqualNoCase(window->text, title)))
+            return window->handle;
     }
     return nullptr;
 }
@@ -258,7 +263,8 @@ BOOL WINAPI GetClientRect(HWND handle, LPRECT rect) {
     const Window* const window = FindLive(handle);
     if (window == nullptr || rect == nullptr) return FALSE;
     if (window == DesktopWindow()) return GetWindowRect(handle, rect);
-    *rect = {0, 0, window->client.right - window->client.left, window->client.bottom - window->client.top};
+    *rect = {0, 0, window->client.right - window->client.left,
+             window->client.bottom - window->client.top};
     return TRUE;
 }
 

@@ -35,7 +35,6 @@ Value WriteExtra(Window& window, int index, Value value) {
     return old;
 }
 
-
 LONG_PTR ChangeStyle(Window* window, int index, DWORD value) {
     const HWND handle = window->handle;
     DWORD& word = index == GWL_STYLE ? window->style : window->ex_style;
@@ -146,7 +145,8 @@ ULONG_PTR WINAPI GetClassLongPtrA(HWND handle, int index) {
     if (window == nullptr || window->window_class == nullptr) return 0;
     switch (index) {
         case GCL_STYLE: return window->window_class->style;
-        case GCLP_HBRBACKGROUND: return reinterpret_cast<ULONG_PTR>(window->window_class->background);
+        case GCLP_HBRBACKGROUND:
+            return reinterpret_cast<ULONG_PTR>(window->window_class->background);
         case GCLP_HCURSOR: return reinterpret_cast<ULONG_PTR>(window->window_class->cursor);
         default: return static_cast<ULONG_PTR>(Fail(kErrorInvalidIndex));
     }
@@ -158,7 +158,9 @@ ULONG_PTR WINAPI SetClassLongPtrA(HWND handle, int index, LONG_PTR value) {
     const ULONG_PTR old = GetClassLongPtrA(handle, index);
     switch (index) {
         case GCL_STYLE: window->window_class->style = static_cast<UINT>(value); break;
-        case GCLP_HBRBACKGROUND: window->window_class->background = reinterpret_cast<HBRUSH>(value); break;
+        case GCLP_HBRBACKGROUND:
+            window->window_class->background = reinterpret_cast<HBRUSH>(value);
+            break;
         case GCLP_HCURSOR: window->window_class->cursor = reinterpret_cast<HCURSOR>(value); break;
         default: break;
     }
@@ -182,7 +184,8 @@ HANDLE WINAPI GetPropA(HWND handle, LPCSTR name) {
 HANDLE WINAPI RemovePropA(HWND handle, LPCSTR name) {
     const HANDLE data = GetPropA(handle, name);
     Window* const window = LookUp(handle);
-    if (window != nullptr && name != nullptr && !IS_INTRESOURCE(name)) window->properties.erase(name);
+    if (window != nullptr && name != nullptr && !IS_INTRESOURCE(name))
+        window->properties.erase(name);
     return data;
 }
 

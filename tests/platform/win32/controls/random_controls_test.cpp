@@ -61,6 +61,7 @@ protected:
             const bool told = message == WM_COMMAND || message == WM_NOTIFY ||
                               message == WM_DRAWITEM || message == WM_VSCROLL;
             if (!told) return false;
+            ++told_;
             answer = Pick(10) == 0 ? Pick(64) : 0;
             if (depth_ < 3 && Pick(30) == 0) {
                 ++depth_;
@@ -212,6 +213,7 @@ protected:
     std::mt19937 random_;
     HWND controls_[kKindCount] = {};
     int depth_ = 0;
+    int told_ = 0;
 };
 
 TEST_F(RandomControls, Stand) {
@@ -219,6 +221,7 @@ TEST_F(RandomControls, Stand) {
     for (int index = 0; index < kKindCount; ++index) Create(index);
     for (int step = 0; step < steps; ++step) Step();
     EXPECT_TRUE(IsWindow(frame_));
+    EXPECT_GT(told_, steps / 4) << "what was done did not arrive";
 }
 
 }  // namespace

@@ -19,8 +19,8 @@ class ManualTime : public ::testing::Test {
 protected:
     ManualTime() {
         winbase::hooks::UseManualClock(100'000, {2024, 3, 5, 1, 9, 0, 0, 0});
-        frame_ = log_.Create("frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {100, 100, 400, 300}, nullptr,
-                             0, 0, CS_DBLCLKS);
+        frame_ = log_.Create("frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {100, 100, 400, 300},
+                             nullptr, 0, 0, CS_DBLCLKS);
         platform::testing::MovePointer({350, 250});
         log_.Only({WM_TIMER});
         log_.Take();
@@ -30,7 +30,8 @@ protected:
     std::string Ticks() {
         const std::string text = log_.PumpAndTake();
         std::string ids;
-        for (std::size_t at = text.find('('); at != std::string::npos; at = text.find('(', at + 1)) {
+        for (std::size_t at = text.find('('); at != std::string::npos;
+             at = text.find('(', at + 1)) {
             ids += text.substr(at + 1, text.find(',', at) - at - 1);
         }
         return ids;
@@ -97,11 +98,11 @@ TEST_F(ManualTime, ATickThatWasOnlySeenGoesWithItsTimer) {
 }
 
 TEST_F(ManualTime, ATimerMayBeKilledInItsOwnTick) {
-    log_.SetHandler([](MessageLog&, const std::string&, UINT message, WPARAM wParam, LPARAM,
-                       LRESULT&) {
-        if (message == WM_TIMER) KillTimer(GetActiveWindow(), wParam);
-        return false;
-    });
+    log_.SetHandler(
+        [](MessageLog&, const std::string&, UINT message, WPARAM wParam, LPARAM, LRESULT&) {
+            if (message == WM_TIMER) KillTimer(GetActiveWindow(), wParam);
+            return false;
+        });
     SetTimer(frame_, 1, 20, nullptr);
     SetTimer(frame_, 2, 20, nullptr);
     EXPECT_EQ(TicksIn(200), "12");

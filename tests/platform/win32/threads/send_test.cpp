@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr UINT kPlain = WM_USER + 1;   // answers 11
+constexpr UINT kPlain = WM_USER + 1;  // answers 11
 constexpr UINT kPosted = WM_USER + 3;
 constexpr UINT kReply = WM_USER + 5;   // answers 15 early
 constexpr UINT kNested = WM_USER + 6;  // serves the queue while it is handled

@@ -90,11 +90,11 @@ TEST_F(Frame, PartsAnswerTheHitTest) {
         int x;
         int y;
         int hit;
-    } kCases[] = {{middle_x, middle_y, HTCLIENT}, {left, middle_y, HTLEFT},
-                  {right, middle_y, HTRIGHT},     {middle_x, top, HTTOP},
-                  {middle_x, bottom, HTBOTTOM},   {left, top, HTTOPLEFT},
-                  {right, top, HTTOPRIGHT},       {left, bottom, HTBOTTOMLEFT},
-                  {right, bottom, HTBOTTOMRIGHT}, {Title().x, Title().y, HTCAPTION},
+    } kCases[] = {{middle_x, middle_y, HTCLIENT},  {left, middle_y, HTLEFT},
+                  {right, middle_y, HTRIGHT},      {middle_x, top, HTTOP},
+                  {middle_x, bottom, HTBOTTOM},    {left, top, HTTOPLEFT},
+                  {right, top, HTTOPRIGHT},        {left, bottom, HTBOTTOMLEFT},
+                  {right, bottom, HTBOTTOMRIGHT},  {Title().x, Title().y, HTCAPTION},
                   {left - 1, middle_y, HTNOWHERE}, {middle_x, bottom + 1, HTNOWHERE}};
     for (const auto& [x, y, hit] : kCases) EXPECT_EQ(HitAt(frame_, x, y), hit) << x << "," << y;
     for (const int hit : {HTCLOSE, HTMAXBUTTON}) EXPECT_NE(Box(hit).x, 0) << hit;
@@ -213,8 +213,7 @@ TEST_F(Frame, DefaultColoursAreThoseOfTheKind) {
                   {WM_CTLCOLORSTATIC, COLOR_3DFACE},
                   {WM_CTLCOLORDLG, COLOR_3DFACE}};
     for (const auto& [message, ground] : kCases) {
-        const LRESULT brush =
-            DefWindowProcA(frame_, message, reinterpret_cast<WPARAM>(dc), 0);
+        const LRESULT brush = DefWindowProcA(frame_, message, reinterpret_cast<WPARAM>(dc), 0);
         EXPECT_EQ(reinterpret_cast<HBRUSH>(brush), GetSysColorBrush(ground)) << message;
         EXPECT_EQ(GetBkColor(dc), GetSysColor(ground)) << message;
         EXPECT_EQ(GetTextColor(dc), GetSysColor(COLOR_WINDOWTEXT)) << message;

@@ -47,17 +47,24 @@ TEST_F(Keyboard, KeysMakeCharacters) {
         BYTE key;
         Modifier modifier;
         int character;
-    } kCases[] = {{'A', Modifier::kNone, 'a'},        {'A', Modifier::kShift, 'A'},
-                  {'5', Modifier::kNone, '5'},        {'5', Modifier::kShift, '%'},
-                  {VK_OEM_PERIOD, Modifier::kNone, '.'}, {VK_DECIMAL, Modifier::kNone, '.'},
-                  {VK_NUMPAD0 + 7, Modifier::kNone, '7'}, {VK_SUBTRACT, Modifier::kNone, '-'},
-                  {VK_RETURN, Modifier::kNone, 13},   {VK_ESCAPE, Modifier::kNone, 27},
-                  {VK_TAB, Modifier::kNone, 9},       {VK_BACK, Modifier::kNone, 8},
-                  {VK_SPACE, Modifier::kNone, ' '},   {'C', Modifier::kControl, 3},
-                  {VK_RETURN, Modifier::kControl, 10}, {VK_OEM_7, Modifier::kShift, '"'}};
+    } kCases[] = {{'A', Modifier::kNone, 'a'},
+                  {'A', Modifier::kShift, 'A'},
+                  {'5', Modifier::kNone, '5'},
+                  {'5', Modifier::kShift, '%'},
+                  {VK_OEM_PERIOD, Modifier::kNone, '.'},
+                  {VK_DECIMAL, Modifier::kNone, '.'},
+                  {VK_NUMPAD0 + 7, Modifier::kNone, '7'},
+                  {VK_SUBTRACT, Modifier::kNone, '-'},
+                  {VK_RETURN, Modifier::kNone, 13},
+                  {VK_ESCAPE, Modifier::kNone, 27},
+                  {VK_TAB, Modifier::kNone, 9},
+                  {VK_BACK, Modifier::kNone, 8},
+                  {VK_SPACE, Modifier::kNone, ' '},
+                  {'C', Modifier::kControl, 3},
+                  {VK_RETURN, Modifier::kControl, 10},
+                  {VK_OEM_7, Modifier::kShift, '"'}};
     for (const auto& [key, modifier, character] : kCases) {
-        EXPECT_EQ(Characters(key, modifier),
-                  "*child WM_CHAR(" + std::to_string(character) + ")*")
+        EXPECT_EQ(Characters(key, modifier), "*child WM_CHAR(" + std::to_string(character) + ")*")
             << "key " << int{key};
     }
     for (const int key : {VK_LEFT, VK_F5, VK_DELETE, VK_SHIFT}) {

@@ -40,11 +40,12 @@ TEST_F(Mouse, APressAsksParentsAndActivation) {
     ShowQuestions();
     log_.Take();
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    EXPECT_EQ(log_.PumpAndTake(),
-              "A WM_NCHITTEST(0)=1; frame WM_PARENTNOTIFY(WM_LBUTTONDOWN, 20,20); "
-              "A WM_MOUSEACTIVATE(frame, hit 1, WM_LBUTTONDOWN)=1 [frame WM_MOUSEACTIVATE(frame, hit "
-              "1, WM_LBUTTONDOWN)=1]; A WM_SETCURSOR(A, hit 1, WM_LBUTTONDOWN) [frame "
-              "WM_SETCURSOR(A, hit 1, WM_LBUTTONDOWN)]; *A WM_LBUTTONDOWN(1, 10,10)*");
+    EXPECT_EQ(
+        log_.PumpAndTake(),
+        "A WM_NCHITTEST(0)=1; frame WM_PARENTNOTIFY(WM_LBUTTONDOWN, 20,20); "
+        "A WM_MOUSEACTIVATE(frame, hit 1, WM_LBUTTONDOWN)=1 [frame WM_MOUSEACTIVATE(frame, hit "
+        "1, WM_LBUTTONDOWN)=1]; A WM_SETCURSOR(A, hit 1, WM_LBUTTONDOWN) [frame "
+        "WM_SETCURSOR(A, hit 1, WM_LBUTTONDOWN)]; *A WM_LBUTTONDOWN(1, 10,10)*");
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     EXPECT_EQ(log_.PumpAndTake(),
               "A WM_NCHITTEST(0)=1; A WM_SETCURSOR(A, hit 1, WM_LBUTTONUP) [frame WM_SETCURSOR(A, "
@@ -52,7 +53,8 @@ TEST_F(Mouse, APressAsksParentsAndActivation) {
 }
 
 TEST_F(Mouse, APressActivatesBeforeItIsTold) {
-    const HWND second = log_.Create("second", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {450, 100, 650, 200});
+    const HWND second =
+        log_.Create("second", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {450, 100, 650, 200});
     PumpQueue();
     ASSERT_EQ(GetActiveWindow(), second);
     log_.Only({WM_PARENTNOTIFY, WM_MOUSEACTIVATE, WM_ACTIVATE, WM_SETFOCUS, WM_KILLFOCUS,
@@ -68,12 +70,13 @@ TEST_F(Mouse, APressActivatesBeforeItIsTold) {
 
 TEST_F(Mouse, TheAnswerToMouseActivateDecides) {
     static LRESULT activation = 0;
-    log_.SetHandler([](MessageLog&, const std::string& role, UINT message, WPARAM, LPARAM,
-                       LRESULT& answer) {
-        answer = activation;
-        return role == "A" && message == WM_MOUSEACTIVATE;
-    });
-    const HWND second = log_.Create("second", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {450, 100, 650, 200});
+    log_.SetHandler(
+        [](MessageLog&, const std::string& role, UINT message, WPARAM, LPARAM, LRESULT& answer) {
+            answer = activation;
+            return role == "A" && message == WM_MOUSEACTIVATE;
+        });
+    const HWND second =
+        log_.Create("second", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {450, 100, 650, 200});
     const struct {
         LRESULT answer;
         bool activates;
@@ -142,11 +145,11 @@ TEST_F(Mouse, APressOnADisabledOwnerBringsItsDialog) {
 }
 
 TEST_F(Mouse, AWindowMayLetThePointerThrough) {
-    log_.SetHandler([](MessageLog&, const std::string& role, UINT message, WPARAM, LPARAM,
-                       LRESULT& answer) {
-        answer = HTTRANSPARENT;
-        return role == "A" && message == WM_NCHITTEST;
-    });
+    log_.SetHandler(
+        [](MessageLog&, const std::string& role, UINT message, WPARAM, LPARAM, LRESULT& answer) {
+            answer = HTTRANSPARENT;
+            return role == "A" && message == WM_NCHITTEST;
+        });
     EXPECT_EQ(AfterClickAt(a_, 10, 10),
               "*frame WM_LBUTTONDOWN(1, 20,20)*; *frame WM_LBUTTONUP(0, 20,20)*");
 }
@@ -178,15 +181,15 @@ TEST_F(Mouse, HeldKeysAndButtonsTravelWithMoves) {
 }
 
 TEST_F(Mouse, AWindowDestroyedByAPressGetsNoMessage) {
-    log_.SetHandler([](MessageLog&, const std::string& role, UINT message, WPARAM wParam, LPARAM,
-                       LRESULT&) {
-        if (role == "frame" && message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_LBUTTONDOWN) {
-            DestroyWindow(FindWindowA(nullptr, "no such window"));
-            HWND child = GetTopWindow(GetActiveWindow());
-            DestroyWindow(child);
-        }
-        return false;
-    });
+    log_.SetHandler(
+        [](MessageLog&, const std::string& role, UINT message, WPARAM wParam, LPARAM, LRESULT&) {
+            if (role == "frame" && message == WM_PARENTNOTIFY && LOWORD(wParam) == WM_LBUTTONDOWN) {
+                DestroyWindow(FindWindowA(nullptr, "no such window"));
+                HWND child = GetTopWindow(GetActiveWindow());
+                DestroyWindow(child);
+            }
+            return false;
+        });
     const std::string told = AfterClickAt(a_, 10, 10);
     EXPECT_FALSE(IsWindow(a_));
     EXPECT_EQ(told, "*frame WM_LBUTTONUP(0, 20,20)*");

@@ -18,7 +18,8 @@ protected:
         frame_ = log_.Create("frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {100, 100, 400, 300});
         child_ = log_.Create("child", WS_CHILD | WS_VISIBLE, {10, 10, 90, 50}, frame_, 1);
         PumpQueue();
-        log_.Only({WM_KEYDOWN, WM_KEYUP, WM_PAINT, WM_TIMER, WM_USER + 1, WM_USER + 2, WM_USER + 3});
+        log_.Only(
+            {WM_KEYDOWN, WM_KEYUP, WM_PAINT, WM_TIMER, WM_USER + 1, WM_USER + 2, WM_USER + 3});
         log_.Take();
     }
     ~Queue() override {

@@ -27,7 +27,8 @@ public:
         window_class.style = CS_DBLCLKS | CS_HREDRAW;
         window_class.lpfnWndProc = Procedure;
         window_class.hInstance = GetModuleHandleA(nullptr);
-        window_class.hbrBackground = reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_WINDOW + 1));
+        window_class.hbrBackground =
+            reinterpret_cast<HBRUSH>(static_cast<ULONG_PTR>(COLOR_WINDOW + 1));
         window_class.lpszClassName = "RandomWindow";
         RegisterClassA(&window_class);
     }
@@ -65,7 +66,8 @@ private:
         if (message == WM_NCCREATE) driver->windows_.push_back(window);
         if (message == WM_NCDESTROY) std::erase(driver->windows_, window);
         // Now and then a window does something rash in the middle of a message.
-        if (message != WM_NCDESTROY && message != WM_DESTROY && driver->depth_ < 4 && driver->Pick(400) == 0) {
+        if (message != WM_NCDESTROY && message != WM_DESTROY && driver->depth_ < 4 &&
+            driver->Pick(400) == 0) {
             ++driver->depth_;
             driver->Rash(window);
             --driver->depth_;
@@ -85,7 +87,8 @@ private:
     HWND Any() {
         if (windows_.empty() || Pick(50) == 0) {
             // A dead, null or made-up handle.
-            return Flip() ? nullptr : reinterpret_cast<HWND>(static_cast<ULONG_PTR>(Pick(0x7FFFFFFF)));
+            return Flip() ? nullptr
+                          : reinterpret_cast<HWND>(static_cast<ULONG_PTR>(Pick(0x7FFFFFFF)));
         }
         return windows_[static_cast<std::size_t>(Pick(static_cast<int>(windows_.size())))];
     }
@@ -103,9 +106,12 @@ private:
             DestroyWindow(Any());
             return;
         }
-        static const DWORD kStyles[] = {
-            WS_OVERLAPPEDWINDOW, WS_POPUP | WS_BORDER, WS_POPUP | WS_CAPTION | WS_SYSMENU,
-            WS_CHILD, WS_CHILD | WS_VSCROLL | WS_HSCROLL, WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS};
+        static const DWORD kStyles[] = {WS_OVERLAPPEDWINDOW,
+                                        WS_POPUP | WS_BORDER,
+                                        WS_POPUP | WS_CAPTION | WS_SYSMENU,
+                                        WS_CHILD,
+                                        WS_CHILD | WS_VSCROLL | WS_HSCROLL,
+                                        WS_CHILD | WS_BORDER | WS_CLIPSIBLINGS};
         DWORD style = kStyles[Pick(6)] | (Pick(4) != 0 ? WS_VISIBLE : 0);
         if (Pick(3) == 0) style |= WS_CLIPCHILDREN;
         const RECT place = Place();
@@ -119,9 +125,15 @@ private:
     void Input() {
         switch (Pick(6)) {
             case 0: SetCursorPos(Pick(900) - 20, Pick(700) - 20); break;
-            case 1: mouse_event(Flip() ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN, 0, 0, 0, 0); break;
-            case 2: mouse_event(Flip() ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP, 0, 0, 0, 0); break;
-            case 3: mouse_event(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>((Pick(7) - 3) * 120), 0); break;
+            case 1:
+                mouse_event(Flip() ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN, 0, 0, 0, 0);
+                break;
+            case 2:
+                mouse_event(Flip() ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP, 0, 0, 0, 0);
+                break;
+            case 3:
+                mouse_event(MOUSEEVENTF_WHEEL, 0, 0, static_cast<DWORD>((Pick(7) - 3) * 120), 0);
+                break;
             default:
                 keybd_event(static_cast<BYTE>(Pick(256)), 0, Flip() ? KEYEVENTF_KEYUP : 0, 0);
                 break;
@@ -135,20 +147,33 @@ private:
         const HWND window = Any();
         const RECT place = Place();
         switch (Pick(14)) {
-            case 0: MoveWindow(window, place.left, place.top, place.right, place.bottom, Flip()); break;
+            case 0:
+                MoveWindow(window, place.left, place.top, place.right, place.bottom, Flip());
+                break;
             case 1: ShowWindow(window, Pick(11)); break;
             case 2: EnableWindow(window, Pick(4) != 0); break;
             case 3: SetFocus(window); break;
             case 4: SetWindowTextA(window, Text().c_str()); break;
             case 5: InvalidateRect(window, Flip() ? &place : nullptr, Flip()); break;
             case 6: UpdateWindow(window); break;
-            case 7: SetWindowPos(window, Any(), place.left, place.top, place.right, place.bottom,
-                                 static_cast<UINT>(Pick(0x100)) & ~UINT{SWP_ASYNCWINDOWPOS}); break;
-            case 8: SetTimer(window, static_cast<UINT_PTR>(Pick(4) + 1), static_cast<UINT>(Pick(30)), nullptr); break;
+            case 7:
+                SetWindowPos(window, Any(), place.left, place.top, place.right, place.bottom,
+                             static_cast<UINT>(Pick(0x100)) & ~UINT{SWP_ASYNCWINDOWPOS});
+                break;
+            case 8:
+                SetTimer(window, static_cast<UINT_PTR>(Pick(4) + 1), static_cast<UINT>(Pick(30)),
+                         nullptr);
+                break;
             case 9: KillTimer(window, static_cast<UINT_PTR>(Pick(4) + 1)); break;
-            case 10: Flip() ? static_cast<void>(SetCapture(window)) : static_cast<void>(ReleaseCapture()); break;
+            case 10:
+                Flip() ? static_cast<void>(SetCapture(window))
+                       : static_cast<void>(ReleaseCapture());
+                break;
             case 11: Scroll(window); break;
-            case 12: RedrawWindow(window, Flip() ? &place : nullptr, nullptr, static_cast<UINT>(Pick(0x1000)) & ~UINT{RDW_FRAME | RDW_NOFRAME}); break;
+            case 12:
+                RedrawWindow(window, Flip() ? &place : nullptr, nullptr,
+                             static_cast<UINT>(Pick(0x1000)) & ~UINT{RDW_FRAME | RDW_NOFRAME});
+                break;
             default: Rash(window); break;
         }
     }
@@ -166,10 +191,10 @@ private:
     }
 
     void Send() {
-        static const UINT kMessages[] = {WM_USER,      WM_USER + 77,  WM_GETTEXTLENGTH, WM_ERASEBKGND,
-                                         WM_NCPAINT,   WM_ENABLE,     WM_SETREDRAW,     WM_CANCELMODE,
-                                         WM_MOUSEMOVE, WM_KEYDOWN,    WM_CHAR,          WM_CLOSE,
-                                         WM_COMMAND,   WM_CAPTURECHANGED, WM_HSCROLL,   WM_VSCROLL};
+        static const UINT kMessages[] = {
+            WM_USER,      WM_USER + 77,      WM_GETTEXTLENGTH, WM_ERASEBKGND, WM_NCPAINT, WM_ENABLE,
+            WM_SETREDRAW, WM_CANCELMODE,     WM_MOUSEMOVE,     WM_KEYDOWN,    WM_CHAR,    WM_CLOSE,
+            WM_COMMAND,   WM_CAPTURECHANGED, WM_HSCROLL,       WM_VSCROLL};
         const HWND window = Any();
         const UINT message = kMessages[Pick(16)];
         const auto wParam = message == WM_ERASEBKGND ? 0 : static_cast<WPARAM>(Pick(0x10000));

@@ -20,11 +20,11 @@ class ScrollBars : public ::testing::Test {
 protected:
     ScrollBars() {
         frame_ = log_.Create("frame", WS_OVERLAPPEDWINDOW | WS_VISIBLE, {100, 100, 400, 300});
-        child_ = log_.Create("child", WS_CHILD | WS_VISIBLE | WS_VSCROLL, {10, 10, 110, 10 + kHeight},
-                             frame_, 1);
+        child_ = log_.Create("child", WS_CHILD | WS_VISIBLE | WS_VSCROLL,
+                             {10, 10, 110, 10 + kHeight}, frame_, 1);
         PumpQueue();
-        log_.Only({WM_SIZE, WM_NCLBUTTONDOWN, WM_SYSCOMMAND, WM_VSCROLL, WM_HSCROLL,
-                   WM_CAPTURECHANGED});
+        log_.Only(
+            {WM_SIZE, WM_NCLBUTTONDOWN, WM_SYSCOMMAND, WM_VSCROLL, WM_HSCROLL, WM_CAPTURECHANGED});
         log_.Take();
     }
 
@@ -70,22 +70,21 @@ TEST_F(ScrollBars, KeepPositionAndPageWithinTheRange) {
         int position;
         int returned;
         const char* stored;
-    } kSteps[] = {
-        {"all", SIF_ALL, 0, 99, 10, 20, 20, "0..99 page 10 at 20"},
-        {"too far", SIF_POS, 0, 0, 0, 95, 90, "0..99 page 10 at 90"},
-        {"before the start", SIF_POS, 0, 0, 0, -5, 0, "0..99 page 10 at 0"},
-        {"larger page", SIF_PAGE, 0, 0, 60, 0, 0, "0..99 page 60 at 0"},
-        {"end of it", SIF_POS, 0, 0, 0, 90, 40, "0..99 page 60 at 40"},
-        {"page holds all", SIF_PAGE, 0, 0, 100, 0, 0, "0..99 page 100 at 0 hidden"},
-        {"page beyond all", SIF_PAGE, 0, 0, 500, 0, 0, "0..99 page 100 at 0 hidden"},
-        {"one value", SIF_RANGE, 0, 0, 0, 0, 0, "0..0 page 1 at 0 hidden"},
-        {"turned range", SIF_RANGE | SIF_PAGE, 5, 2, 0, 0, 0, "0..0 page 0 at 0 hidden"},
-        {"no page", SIF_ALL, 0, 99, 0, 99, 99, "0..99 page 0 at 99"},
-        {"page of one", SIF_ALL, 0, 99, 1, 99, 99, "0..99 page 1 at 99"},
-        {"disabled instead", SIF_PAGE | SIF_DISABLENOSCROLL, 0, 0, 100, 0, 0,
-         "0..99 page 100 at 0"},
-        {"widest range", SIF_ALL, INT_MIN, INT_MAX, 7, 5, 5,
-         "-2147483648..2147483647 page 7 at 5"}};
+    } kSteps[] = {{"all", SIF_ALL, 0, 99, 10, 20, 20, "0..99 page 10 at 20"},
+                  {"too far", SIF_POS, 0, 0, 0, 95, 90, "0..99 page 10 at 90"},
+                  {"before the start", SIF_POS, 0, 0, 0, -5, 0, "0..99 page 10 at 0"},
+                  {"larger page", SIF_PAGE, 0, 0, 60, 0, 0, "0..99 page 60 at 0"},
+                  {"end of it", SIF_POS, 0, 0, 0, 90, 40, "0..99 page 60 at 40"},
+                  {"page holds all", SIF_PAGE, 0, 0, 100, 0, 0, "0..99 page 100 at 0 hidden"},
+                  {"page beyond all", SIF_PAGE, 0, 0, 500, 0, 0, "0..99 page 100 at 0 hidden"},
+                  {"one value", SIF_RANGE, 0, 0, 0, 0, 0, "0..0 page 1 at 0 hidden"},
+                  {"turned range", SIF_RANGE | SIF_PAGE, 5, 2, 0, 0, 0, "0..0 page 0 at 0 hidden"},
+                  {"no page", SIF_ALL, 0, 99, 0, 99, 99, "0..99 page 0 at 99"},
+                  {"page of one", SIF_ALL, 0, 99, 1, 99, 99, "0..99 page 1 at 99"},
+                  {"disabled instead", SIF_PAGE | SIF_DISABLENOSCROLL, 0, 0, 100, 0, 0,
+                   "0..99 page 100 at 0"},
+                  {"widest range", SIF_ALL, INT_MIN, INT_MAX, 7, 5, 5,
+                   "-2147483648..2147483647 page 7 at 5"}};
     for (const auto& step : kSteps) {
         EXPECT_EQ(Set(step.mask, step.minimum, step.maximum, step.page, step.position),
                   step.returned)
@@ -199,14 +198,14 @@ TEST_F(ScrollBars, AThumbDraggedFarOffGoesBack) {
 
 TEST_F(ScrollBars, ABarThatVanishesWhileItIsHeldEndsWell) {
     Set(SIF_ALL, 0, 99, 10, 0);
-    log_.SetHandler([](MessageLog&, const std::string&, UINT message, WPARAM wParam, LPARAM,
-                       LRESULT&) {
-        if (message == WM_VSCROLL && LOWORD(wParam) == SB_PAGEDOWN) {
-            SCROLLINFO info{sizeof info, SIF_PAGE, 0, 0, 100, 0, 0};
-            SetScrollInfo(ScrolledChild(), SB_VERT, &info, TRUE);
-        }
-        return false;
-    });
+    log_.SetHandler(
+        [](MessageLog&, const std::string&, UINT message, WPARAM wParam, LPARAM, LRESULT&) {
+            if (message == WM_VSCROLL && LOWORD(wParam) == SB_PAGEDOWN) {
+                SCROLLINFO info{sizeof info, SIF_PAGE, 0, 0, 100, 0, 0};
+                SetScrollInfo(ScrolledChild(), SB_VERT, &info, TRUE);
+            }
+            return false;
+        });
     MovePointer(OnBar(kHeight - 4));
     platform::testing::ClickAt(OnBar(kHeight - 4));
     EXPECT_EQ(GetCapture(), nullptr);

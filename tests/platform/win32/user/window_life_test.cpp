@@ -1,4 +1,5 @@
-// Which messages come, and in which order, when windows are made, shown, moved, hidden and destroyed.
+// Which messages come, and in which order, when windows are made, shown, moved, hidden and
+// destroyed.
 
 #include <gtest/gtest.h>
 
@@ -33,7 +34,9 @@ protected:
         PumpQueue();
     }
 
-    HWND MakeFrame(DWORD style = WS_OVERLAPPEDWINDOW) { return log_.Create("frame", style, kFramePlace); }
+    HWND MakeFrame(DWORD style = WS_OVERLAPPEDWINDOW) {
+        return log_.Create("frame", style, kFramePlace);
+    }
 
     HWND MakeShownFrame() {
         const HWND frame = MakeFrame();
@@ -98,13 +101,20 @@ TEST_F(WindowLife, OnlyWhatChangedIsTold) {
         log_.Omit({WM_PAINT, WM_ERASEBKGND, WM_NCPAINT});
         return log_.PumpAndTake();
     };
-    EXPECT_EQ(resize(20, 10, 80, 40), "child POSCHANGING(-z -act); child POSCHANGED(-size -z -act) [child WM_MOVE(20,10)]");
-    EXPECT_EQ(resize(20, 10, 90, 40), "child POSCHANGING(-z -act); child POSCHANGED(-move -z -act) [child WM_SIZE(0, 90x40)]");
+    EXPECT_EQ(resize(20, 10, 80, 40),
+              "child POSCHANGING(-z -act); child POSCHANGED(-size -z -act) [child WM_MOVE(20,10)]");
+    EXPECT_EQ(
+        resize(20, 10, 90, 40),
+        "child POSCHANGING(-z -act); child POSCHANGED(-move -z -act) [child WM_SIZE(0, 90x40)]");
     EXPECT_EQ(resize(30, 20, 100, 50),
-              "child POSCHANGING(-z -act); child POSCHANGED(-z -act) [child WM_MOVE(30,20); child WM_SIZE(0, 100x50)]");
+              "child POSCHANGING(-z -act); child POSCHANGED(-z -act) [child WM_MOVE(30,20); child "
+              "WM_SIZE(0, 100x50)]");
     EXPECT_EQ(resize(30, 20, 100, 50), "child POSCHANGING(-z -act)");
-    SetWindowPos(child, nullptr, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
-    EXPECT_EQ(log_.PumpAndTake(), "child POSCHANGING(-size -move -z -act +frame); child POSCHANGED(-size -move -z -act +frame)");
+    SetWindowPos(child, nullptr, 0, 0, 0, 0,
+                 SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+    EXPECT_EQ(log_.PumpAndTake(),
+              "child POSCHANGING(-size -move -z -act +frame); child POSCHANGED(-size -move -z -act "
+              "+frame)");
 }
 
 TEST_F(WindowLife, AMovedChildBringsItsPixelsAlong) {
@@ -116,7 +126,8 @@ TEST_F(WindowLife, AMovedChildBringsItsPixelsAlong) {
     MoveWindow(child, 40, 10, 100, 50, TRUE);
     EXPECT_EQ(log_.PumpAndTake(), "*child WM_PAINT* [child WM_ERASEBKGND]");
     MoveWindow(child, 40, 10, 80, 40, TRUE);
-    EXPECT_EQ(log_.PumpAndTake(), "frame WM_ERASEBKGND; *frame WM_PAINT*; *child WM_PAINT* [child WM_ERASEBKGND]");
+    EXPECT_EQ(log_.PumpAndTake(),
+              "frame WM_ERASEBKGND; *frame WM_PAINT*; *child WM_PAINT* [child WM_ERASEBKGND]");
     MoveWindow(child, 10, 10, 80, 40, FALSE);
     EXPECT_EQ(log_.PumpAndTake(), "");
 }
@@ -126,7 +137,8 @@ TEST_F(WindowLife, HidingAChildUncoversItsParent) {
     const HWND child = MakeChild(frame);
     ShowWindow(child, SW_HIDE);
     EXPECT_EQ(log_.PumpAndTake(),
-              "child WM_SHOWWINDOW(0, 0); child POSCHANGING(-size -move -z -act +hide); frame WM_ERASEBKGND; "
+              "child WM_SHOWWINDOW(0, 0); child POSCHANGING(-size -move -z -act +hide); frame "
+              "WM_ERASEBKGND; "
               "child POSCHANGED(-size -move -z -act +hide); *frame WM_PAINT*");
     ShowWindow(child, SW_HIDE);
     EXPECT_EQ(log_.PumpAndTake(), "");
@@ -136,7 +148,8 @@ TEST_F(WindowLife, HidingTheOnlyFrameLeavesNothingActive) {
     const HWND frame = MakeShownFrame();
     ShowWindow(frame, SW_HIDE);
     EXPECT_EQ(log_.PumpAndTake(),
-              "frame WM_SHOWWINDOW(0, 0); frame POSCHANGING(-size -move +hide); frame POSCHANGED(-size -move -z +hide); "
+              "frame WM_SHOWWINDOW(0, 0); frame POSCHANGING(-size -move +hide); frame "
+              "POSCHANGED(-size -move -z +hide); "
               "frame WM_NCACTIVATE(0); frame WM_ACTIVATE(inactive, null); frame WM_ACTIVATEAPP(0); "
               "frame WM_KILLFOCUS(null)");
     EXPECT_EQ(GetActiveWindow(), nullptr);
@@ -149,33 +162,38 @@ TEST_F(WindowLife, DestructionGoesDownAndComesBackUp) {
     log_.Create("grandchild", WS_CHILD, {0, 0, 5, 5}, child, 6);
     log_.PumpAndTake();
     DestroyWindow(child);
-    EXPECT_EQ(log_.PumpAndTake(),
-              "frame WM_PARENTNOTIFY(WM_DESTROY id 7, child); child WM_DESTROY; grandchild WM_DESTROY; "
-              "grandchild WM_NCDESTROY; child WM_NCDESTROY");
+    EXPECT_EQ(
+        log_.PumpAndTake(),
+        "frame WM_PARENTNOTIFY(WM_DESTROY id 7, child); child WM_DESTROY; grandchild WM_DESTROY; "
+        "grandchild WM_NCDESTROY; child WM_NCDESTROY");
     MakeChild(frame);
     DestroyWindow(frame);
     EXPECT_EQ(log_.PumpAndTake(),
-              "frame POSCHANGING(-size -move -z -act +hide); frame POSCHANGED(-size -move -z -act +hide); "
+              "frame POSCHANGING(-size -move -z -act +hide); frame POSCHANGED(-size -move -z -act "
+              "+hide); "
               "frame WM_NCACTIVATE(0); frame WM_ACTIVATE(inactive, null); frame WM_ACTIVATEAPP(0); "
-              "frame WM_KILLFOCUS(null); frame WM_DESTROY; child WM_DESTROY; child WM_NCDESTROY; frame WM_NCDESTROY");
+              "frame WM_KILLFOCUS(null); frame WM_DESTROY; child WM_DESTROY; child WM_NCDESTROY; "
+              "frame WM_NCDESTROY");
 }
 
 TEST_F(WindowLife, AnOwnerTakesItsPopupsAlong) {
     const HWND frame = MakeShownFrame();
     const HWND popup = log_.Create("popup", WS_POPUP | WS_VISIBLE, {150, 150, 210, 190}, frame);
-    EXPECT_EQ(log_.PumpAndTake(),
-              "popup WM_NCCREATE; popup WM_CREATE; popup WM_SIZE(0, 60x40); popup WM_MOVE(150,150); "
-              "popup WM_SHOWWINDOW(1, 0); popup POSCHANGING(-size -move +show); frame WM_NCACTIVATE(0); "
-              "frame WM_ACTIVATE(inactive, popup); popup WM_NCACTIVATE(1); "
-              "popup WM_ACTIVATE(active, frame) [frame WM_KILLFOCUS(popup); popup WM_SETFOCUS(frame)]; "
-              "popup WM_ERASEBKGND; popup POSCHANGED(-size -move -z +show); *popup WM_PAINT*");
+    EXPECT_EQ(
+        log_.PumpAndTake(),
+        "popup WM_NCCREATE; popup WM_CREATE; popup WM_SIZE(0, 60x40); popup WM_MOVE(150,150); "
+        "popup WM_SHOWWINDOW(1, 0); popup POSCHANGING(-size -move +show); frame WM_NCACTIVATE(0); "
+        "frame WM_ACTIVATE(inactive, popup); popup WM_NCACTIVATE(1); "
+        "popup WM_ACTIVATE(active, frame) [frame WM_KILLFOCUS(popup); popup WM_SETFOCUS(frame)]; "
+        "popup WM_ERASEBKGND; popup POSCHANGED(-size -move -z +show); *popup WM_PAINT*");
     EXPECT_EQ(GetParent(popup), frame);
     DestroyWindow(frame);
     EXPECT_FALSE(IsWindow(popup));
     EXPECT_FALSE(IsWindow(frame));
 }
 
-bool RefuseCreation(MessageLog& log, const std::string& role, UINT message, WPARAM, LPARAM, LRESULT& answer) {
+bool RefuseCreation(MessageLog& log, const std::string& role, UINT message, WPARAM, LPARAM,
+                    LRESULT& answer) {
     static_cast<void>(log);
     if (role == "refused" && message == WM_NCCREATE) {
         answer = 0;
@@ -198,11 +216,14 @@ TEST_F(WindowLife, RefusedCreationLeavesNothingBehind) {
     EXPECT_EQ(GetWindow(frame, GW_CHILD), nullptr);
     log_.SetHandler(nullptr);
     EXPECT_EQ(log_.Create("orphan", WS_CHILD, kChildPlace), nullptr);
-    EXPECT_EQ(CreateWindowExA(0, "NoSuchClass", "", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr), nullptr);
+    EXPECT_EQ(
+        CreateWindowExA(0, "NoSuchClass", "", 0, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr),
+        nullptr);
     EXPECT_EQ(GetLastError(), DWORD{ERROR_CLASS_DOES_NOT_EXIST});
 }
 
-bool DestroyInCreate(MessageLog& log, const std::string& role, UINT message, WPARAM, LPARAM, LRESULT&) {
+bool DestroyInCreate(MessageLog& log, const std::string& role, UINT message, WPARAM, LPARAM,
+                     LRESULT&) {
     static_cast<void>(role);
     if (message == WM_USER + 1) DestroyWindow(FindWindowA(nullptr, "doomed"));
     static_cast<void>(log);
