@@ -26,7 +26,7 @@ DialogTemplate MakeTemplate(const std::string& title) {
     DialogTemplate dialog;
     dialog.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | DS_MODALFRAME | DS_SETFONT | DS_CENTER;
     dialog.width = 344;
-    dialog.height = 236;
+    dialog.height = 252;
     dialog.title = title;
     dialog.point_size = 9;
     dialog.face = "宋体";
@@ -47,7 +47,7 @@ DialogTemplate MakeTemplate(const std::string& title) {
          "没有这种类型的文件",
          {}},
         {kStop | WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS |
-             LBS_NOINTEGRALHEIGHT,
+             LBS_NOINTEGRALHEIGHT | WS_CLIPSIBLINGS,
          0,
          8,
          28,
@@ -57,9 +57,9 @@ DialogTemplate MakeTemplate(const std::string& title) {
          "ListBox",
          "",
          {}},
-        {kLabel, 0, 8, 176, 52, 16, -1, "Static", "文件名(&N):", {}},
-        {kStop | WS_BORDER | ES_AUTOHSCROLL, 0, 60, 176, 276, 16, kNameEdit, "Edit", "", {}},
-        {kLabel, 0, 8, 196, 52, 16, -1, "Static", "保存类型(&T):", {}},
+        {kLabel, 0, 8, 184, 52, 16, -1, "Static", "文件名(&N):", {}},
+        {kStop | WS_BORDER | ES_AUTOHSCROLL, 0, 60, 184, 276, 16, kNameEdit, "Edit", "", {}},
+        {kLabel, 0, 8, 204, 52, 16, -1, "Static", "保存类型(&T):", {}},
         {kStop | WS_VSCROLL | CBS_DROPDOWNLIST,
          0,
          60,
@@ -70,8 +70,8 @@ DialogTemplate MakeTemplate(const std::string& title) {
          "ComboBox",
          "",
          {}},
-        {kStop | BS_DEFPUSHBUTTON, 0, 220, 216, 56, 16, IDOK, "Button", "保存(&S)", {}},
-        {kStop, 0, 280, 216, 56, 16, IDCANCEL, "Button", "取消", {}},
+        {kStop | BS_DEFPUSHBUTTON, 0, 220, 228, 56, 16, IDOK, "Button", "保存(&S)", {}},
+        {kStop, 0, 280, 228, 56, 16, IDCANCEL, "Button", "取消", {}},
     };
     return dialog;
 }
