@@ -173,8 +173,8 @@ TEST_F(ScrollBars, TheThumbTellsWhereItIsHeld) {
     MovePointer(OnBar(6));
     log_.Take();
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    const POINT far = OnBar(kHeight + 60);
-    SetCursorPos(far.x, far.y);
+    const POINT away = OnBar(kHeight + 60);
+    SetCursorPos(away.x, away.y);
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     EXPECT_EQ(log_.PumpAndTake(),
               "*child WM_NCLBUTTONDOWN(7)* [child WM_SYSCOMMAND(SC_VSCROLL+7) [child "
@@ -189,8 +189,8 @@ TEST_F(ScrollBars, AThumbDraggedFarOffGoesBack) {
     MovePointer(OnBar(6));
     log_.Take();
     mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
-    const POINT far = OnBar(60);
-    SetCursorPos(far.x + 400, far.y);
+    const POINT away = OnBar(60);
+    SetCursorPos(away.x + 400, away.y);
     mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     const std::string told = log_.PumpAndTake();
     EXPECT_NE(told.find("WM_VSCROLL(SB_THUMBPOSITION, pos 0"), std::string::npos) << told;
