@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
+#include <thread>
 #include <vector>
 
 #include "platform/testing/input.h"
@@ -13,7 +14,6 @@
 
 namespace {
 
-using platform::testing::Pump;
 using tests::kAskDialog;
 using tests::kFormDialog;
 
@@ -278,6 +278,18 @@ TEST(ModalDialog, MayEndBeforeItIsShown) {
     question.at_init = nullptr;
     question.at_start = [](Question& self) { self.EndDialog(6); };
     EXPECT_EQ(question.DoModal(), 6);
+}
+
+TEST(ModalDialog, MayEndWhileItsLoopWaits) {
+    tests::Frame frame;
+    Question question(&frame);
+    std::thread sender;
+    question.at_start = [&](Question& self) {
+        sender =
+            std::thread([window = self.m_hWnd] { ::SendMessageA(window, WM_COMMAND, IDOK, 0); });
+    };
+    EXPECT_EQ(question.DoModal(), IDOK);
+    sender.join();
 }
 
 TEST(ModalDialog, AnOwnerThatWasDisabledStaysSo) {
