@@ -199,6 +199,7 @@ int PresentFrame() {
     desktop.last_present = ClockTicks();
     const Region done = Compose(desktop);
     std::vector<present::Rect> rects;
+    rects.reserve(done.Rects().size());
     for (const RECT& rect : done.Rects())
         rects.push_back({rect.left, rect.top, rect.right, rect.bottom});
     if (rects.empty()) return -1;

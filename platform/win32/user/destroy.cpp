@@ -11,13 +11,6 @@ namespace winbase {
 
 namespace {
 
-// Handles instead of pointers: any of the windows may go while another is told.
-std::vector<HWND> HandlesOf(const std::vector<Window*>& windows) {
-    std::vector<HWND> handles;
-    for (const Window* window : windows) handles.push_back(window->handle);
-    return handles;
-}
-
 void SendDestroy(HWND handle) {
     Window* window = LookUp(handle);
     if (window == nullptr) return;

@@ -4,6 +4,7 @@
 #include "platform/win32/kernel/last_error.h"
 #include "platform/win32/user/window.h"
 #include "platform/win32/user/window_pos.h"
+#include "platform/win32/user/window_table.h"
 
 namespace winbase {
 
@@ -69,8 +70,7 @@ void UpdateTree(HWND handle, UINT flags) {
         if (window == nullptr) return;
     }
     if ((flags & RDW_ALLCHILDREN) == 0) return;
-    std::vector<HWND> children;
-    for (const Window* child : window->children) children.push_back(child->handle);
+    const std::vector<HWND> children = HandlesOf(window->children);
     for (const HWND child : children) UpdateTree(child, flags);
 }
 
@@ -260,8 +260,7 @@ BOOL WINAPI ScrollWindow(HWND handle, int dx, int dy, const RECT* rect, const RE
     Window* const window = FindLive(handle);
     if (window == nullptr || window == DesktopWindow()) return FALSE;
     const WindowLock lock(window);
-    std::vector<HWND> children;
-    for (const Window* child : window->children) children.push_back(child->handle);
+    const std::vector<HWND> children = HandlesOf(window->children);
     if (rect == nullptr) {
         for (const HWND child : children) {
             const Window* const found = LookUp(child);

@@ -55,6 +55,13 @@ void RetireWindow(Window* window) {
     if (window->locks == 0) delete window;
 }
 
+std::vector<HWND> HandlesOf(const std::vector<Window*>& windows) {
+    std::vector<HWND> handles;
+    handles.reserve(windows.size());
+    for (const Window* window : windows) handles.push_back(window->handle);
+    return handles;
+}
+
 std::size_t LiveWindows() { return Table().size() - 1; }
 
 Window* LookUp(HWND handle) { return Table().Find(handle); }

@@ -30,8 +30,7 @@ const std::vector<Window*>& SiblingsOf(const Window* window) {
 bool Walk(HWND handle, WNDENUMPROC callback, LPARAM lParam) {
     const Window* const window = LookUp(handle);
     if (window == nullptr) return true;
-    std::vector<HWND> children;
-    for (const Window* child : window->children) children.push_back(child->handle);
+    const std::vector<HWND> children = HandlesOf(window->children);
     for (const HWND child : children) {
         if (LookUp(child) == nullptr) continue;
         if (!callback(child, lParam) || !Walk(child, callback, lParam)) return false;
@@ -183,8 +182,7 @@ BOOL WINAPI EnumChildWindows(HWND window, WNDENUMPROC callback, LPARAM lParam) {
 }
 
 BOOL WINAPI EnumWindows(WNDENUMPROC callback, LPARAM lParam) {
-    std::vector<HWND> tops;
-    for (const Window* window : DesktopWindow()->children) tops.push_back(window->handle);
+    const std::vector<HWND> tops = HandlesOf(DesktopWindow()->children);
     for (const HWND window : tops) {
         if (LookUp(window) != nullptr && !callback(window, lParam)) return FALSE;
     }
