@@ -14,6 +14,7 @@ public:
         : template_id_(template_id), parent_(parent) {}
     ~CDialog() override;
 
+    using CWnd::Create;
     /// Without a parent it is owned by the application's main window. FALSE without such a
     /// template.
     virtual BOOL Create(UINT template_id, CWnd* parent = nullptr);

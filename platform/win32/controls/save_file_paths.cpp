@@ -157,6 +157,7 @@ std::vector<FolderEntry> ReadFolder(const std::string& folder,
         if (!pattern.empty()) Search(folder, pattern, false, &files);
     }
     std::vector<FolderEntry> entries;
+    entries.reserve(folders.size() + files.size());
     for (const std::string& name : folders) entries.push_back({name, true});
     for (const std::string& name : files) entries.push_back({name, false});
     std::sort(entries.begin(), entries.end(), Before);

@@ -278,7 +278,7 @@ TEST_F(Buttons, GroupBoxesLetClicksThrough) {
 }
 
 TEST_F(Buttons, MayBeDestroyedByTheirOwnNotification) {
-    for (const DWORD style : {BS_PUSHBUTTON, BS_AUTORADIOBUTTON, BS_OWNERDRAW}) {
+    for (const auto style : {BS_PUSHBUTTON, BS_AUTORADIOBUTTON, BS_OWNERDRAW}) {
         Use(static_cast<DWORD>(style));
         log_.SetHandler([](MessageLog&, const std::string& role, UINT message, WPARAM,
                            LPARAM lParam, LRESULT&) {
