@@ -27,6 +27,7 @@ std::string NextToThisProgram(const char* name) {
 /// Seconds until the program has ended; stops the benchmark when it fails.
 double Launch(const std::vector<std::string>& command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
     const auto start = std::chrono::steady_clock::now();

@@ -83,9 +83,10 @@ void Blend(std::vector<std::uint32_t>& picture, const Glyph& glyph, int x, int b
         for (int column = 0; column < glyph.width; ++column) {
             const int at = x + glyph.left + column;
             if (at < 0 || at >= kWidth) continue;
-            const unsigned shade =
-                255U - glyph.coverage[static_cast<std::size_t>(row * glyph.width + column)];
-            picture[static_cast<std::size_t>(y * kWidth + at)] = shade << 16 | shade << 8 | shade;
+            const int source = row * glyph.width + column;
+            const int target = y * kWidth + at;
+            const unsigned shade = 255U - glyph.coverage[static_cast<std::size_t>(source)];
+            picture[static_cast<std::size_t>(target)] = shade << 16 | shade << 8 | shade;
         }
     }
 }
