@@ -13,7 +13,7 @@ chdir $root or die "$root: $!\n";
 # The windows of the front end stand on these.
 my @windows = qw(platform/types.h platform/system.h platform/text platform/toolkit);
 my @pages   = qw(session funds orderentry stops lists);
-my @front   = (@pages, qw(plugin controls plugin/contract));
+my @front   = (@pages, qw(plugin controls plugin/contract plugin/settings));
 
 # What each folder may include beside itself. A longer path wins over a shorter one.
 my %allowed = (
@@ -25,12 +25,17 @@ my %allowed = (
     'platform/testing' =>
         [qw(platform/types.h platform/system.h platform/start.h platform/text platform/win32/include)],
     'plugin/contract' => [qw(platform/types.h platform/heap.h platform/text)],
-    'controls'        => [@windows, 'plugin/contract'],
-    (map { $_ => [@windows, qw(controls plugin/contract)] } @pages),
+    'plugin/settings' => [qw(platform/types.h platform/system.h platform/text plugin/contract)],
+    'controls'        => [@windows, qw(plugin/contract plugin/settings)],
+    (map { $_ => [@windows, qw(controls plugin/contract plugin/settings)] } @pages),
     'plugin'    => [@windows, @front],
     'papercore' => [qw(platform/types.h platform/text plugin/contract)],
-    'host'      => [@windows, @front, qw(papercore platform/start.h platform/testing)],
-    'examples'  => [@windows, qw(platform/start.h platform/testing)],
+    'host'      =>
+        [@windows, @front, qw(papercore host/skin host/market platform/start.h platform/testing)],
+    'host/skin'   => [@windows, 'plugin/contract'],
+    'host/market' => [qw(platform/types.h platform/text plugin/contract)],
+    'examples'    => [
+        @windows, qw(controls plugin plugin/contract plugin/settings host/skin platform/start.h platform/testing)],
 );
 
 # Rules are plain functions on records, so any page may use those of its sibling.

@@ -26,7 +26,7 @@ std::shared_ptr<EditControl> MakeControl(HWND window) {
                                              lines ? LineEnds::kReturns : LineEnds::kSingleLine);
 }
 
-std::string UpperCase(std::string bytes) {
+std::string UpperCase(std::string_view bytes) {
     Codes codes = CodesFromBytes(bytes);
     for (char16_t& code : codes) {
         if (code >= 'a' && code <= 'z') code = static_cast<char16_t>(code - 'a' + 'A');

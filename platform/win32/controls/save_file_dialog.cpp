@@ -31,46 +31,26 @@ DialogTemplate MakeTemplate(const std::string& title) {
     dialog.point_size = 9;
     dialog.face = "宋体";
     constexpr DWORD kLabel = WS_VISIBLE | SS_LEFT | SS_CENTERIMAGE;
+    constexpr DWORD kPath = kLabel | SS_NOPREFIX | SS_ENDELLIPSIS;
     constexpr DWORD kStop = WS_VISIBLE | WS_TABSTOP;
+    constexpr DWORD kList = kStop | WS_BORDER | WS_VSCROLL | WS_CLIPSIBLINGS | LBS_NOTIFY |
+                            LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
+    constexpr DWORD kEdit = kStop | WS_BORDER | ES_AUTOHSCROLL;
+    constexpr DWORD kCombo = kStop | WS_VSCROLL | CBS_DROPDOWNLIST;
+    constexpr DWORD kDefault = kStop | BS_DEFPUSHBUTTON;
+    constexpr DWORD kHint = SS_CENTER | SS_NOPREFIX;
     dialog.controls = {
         {kLabel, 0, 8, 8, 48, 16, -1, "Static", "保存在(&I):", {}},
-        {kLabel | SS_NOPREFIX | SS_ENDELLIPSIS, 0, 60, 8, 216, 16, kFolderText, "Static", "", {}},
+        {kPath, 0, 60, 8, 216, 16, kFolderText, "Static", "", {}},
         {kStop, 0, 280, 8, 56, 16, kUpButton, "Button", "上一级(&U)", {}},
-        {WS_VISIBLE | SS_CENTER | SS_NOPREFIX,
-         0,
-         80,
-         80,
-         184,
-         12,
-         kEmptyText,
-         "Static",
-         "没有这种类型的文件",
-         {}},
-        {kStop | WS_BORDER | WS_VSCROLL | LBS_NOTIFY | LBS_OWNERDRAWFIXED | LBS_HASSTRINGS |
-             LBS_NOINTEGRALHEIGHT | WS_CLIPSIBLINGS,
-         0,
-         8,
-         28,
-         328,
-         140,
-         kFileList,
-         "ListBox",
-         "",
-         {}},
+        // Over the list, which leaves its place out.
+        {kHint, 0, 80, 80, 184, 12, kEmptyText, "Static", "没有这种类型的文件", {}},
+        {kList, 0, 8, 28, 328, 148, kFileList, "ListBox", "", {}},
         {kLabel, 0, 8, 184, 52, 16, -1, "Static", "文件名(&N):", {}},
-        {kStop | WS_BORDER | ES_AUTOHSCROLL, 0, 60, 184, 276, 16, kNameEdit, "Edit", "", {}},
+        {kEdit, 0, 60, 184, 276, 16, kNameEdit, "Edit", "", {}},
         {kLabel, 0, 8, 204, 52, 16, -1, "Static", "保存类型(&T):", {}},
-        {kStop | WS_VSCROLL | CBS_DROPDOWNLIST,
-         0,
-         60,
-         196,
-         276,
-         96,
-         kTypeCombo,
-         "ComboBox",
-         "",
-         {}},
-        {kStop | BS_DEFPUSHBUTTON, 0, 220, 228, 56, 16, IDOK, "Button", "保存(&S)", {}},
+        {kCombo, 0, 60, 204, 276, 96, kTypeCombo, "ComboBox", "", {}},
+        {kDefault, 0, 220, 228, 56, 16, IDOK, "Button", "保存(&S)", {}},
         {kStop, 0, 280, 228, 56, 16, IDCANCEL, "Button", "取消", {}},
     };
     return dialog;

@@ -10,7 +10,6 @@ namespace {
 
 using platform::testing::Key;
 using platform::testing::Modifier;
-using platform::testing::Type;
 
 class EditLines : public ControlFrame {
 protected:

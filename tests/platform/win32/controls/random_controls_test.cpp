@@ -202,7 +202,7 @@ protected:
         insert.item.cChildren = Pick(2);
         switch (Pick(5)) {
             case 0: SendMessageA(tree, TVM_SELECTITEM, TVGN_CARET, item); return;
-            case 1: SendMessageA(tree, TVM_EXPAND, static_cast<WPARAM>(1 + Pick(3)), item); return;
+            case 1: SendMessageA(tree, TVM_EXPAND, static_cast<WPARAM>(Pick(4)), item); return;
             case 2: SendMessageA(tree, TVM_DELETEITEM, 0, Pick(8) == 0 ? 0 : item); return;
             default:
                 SendMessageA(tree, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert));

@@ -11,13 +11,8 @@ namespace winbase {
 namespace {
 
 TEST(EditText, AnyBytesComeBackAsTheyWentIn) {
-    const std::string texts[] = {"",
-                                 "abc",
-                                 "中文ab",
-                                 "\xD6",
-                                 "ab\xD6",
-                                 "\x80\xFF",
-                                 std::string("\x81 \x82\x40 \xFE\xFE\xFE", 9)};
+    const std::string texts[] = {
+        "", "abc", "中文ab", "\xD6", "ab\xD6", "\x80\xFF", "\x81 \x82\x40 \xFE\xFE\xFE"};
     for (const std::string& text : texts) {
         const Codes codes = CodesFromBytes(text);
         EXPECT_GBK_EQ(text, BytesFromCodes(codes));
@@ -104,7 +99,7 @@ protected:
         font_ = CreateFontA(-12, 0, 0, 0, FW_NORMAL, 0, 0, 0, GB2312_CHARSET, 0, 0, 0, 0, "宋体");
         widths_.SetFont(font_);
     }
-    ~EditLayoutTest() override { DeleteObject(font_); }
+    void TearDown() override { DeleteObject(font_); }
 
     std::string Lines(EditText& text, const char* bytes, int wrap) {
         text.Assign(bytes);
