@@ -136,6 +136,19 @@ void EraseNow(Window* window) {
     ReleaseDC(handle, dc);
 }
 
+namespace {
+
+void EraseTree(HWND handle) {
+    Window* window = LookUp(handle);
+    if (window == nullptr) return;
+    EraseNow(window);
+    window = LookUp(handle);
+    if (window == nullptr) return;
+    for (const HWND child : HandlesOf(window->children)) EraseTree(child);
+}
+
+}  // namespace
+
 LRESULT DefaultSetRedraw(Window* window, bool on) {
     // As documented the window counts as hidden while its redraw is off.
     window->style = on ? window->style | WS_VISIBLE : window->style & ~DWORD{WS_VISIBLE};
@@ -149,7 +162,7 @@ void Uncover(Window* parent, const Region& screen_region, Uncovered when) {
     region.Offset(-origin.left, -origin.top);
     region.Intersect(parent->client);
     InvalidateWindow(parent, region, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-    if (when == Uncovered::kNow) EraseNow(parent);
+    if (when == Uncovered::kNow) EraseTree(parent->handle);
 }
 
 }  // namespace winbase
@@ -177,7 +190,7 @@ BOOL WINAPI RedrawWindow(HWND handle, const RECT* rect, HRGN hregion, UINT flags
     if ((flags & RDW_UPDATENOW) != 0) {
         UpdateTree(window->handle, flags);
     } else if ((flags & RDW_ERASENOW) != 0) {
-        EraseNow(window);
+        (flags & RDW_ALLCHILDREN) != 0 ? EraseTree(window->handle) : EraseNow(window);
     }
     return TRUE;
 }

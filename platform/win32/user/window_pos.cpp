@@ -146,30 +146,40 @@ void RepaintWhole(Window* window) {
                      RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
+void UncoverParent(const Change& change, Uncovered when) {
+    const Window* const window = change.window;
+    if (window->parent == nullptr) return;
+    Region uncovered = change.old_visible;
+    if (IsShown(window)) uncovered.Subtract(VisibleOnScreen(window));
+    if (!uncovered.Empty()) Uncover(window->parent, uncovered, when);
+}
+
 void PaintChange(const Change& change) {
     Window* const window = change.window;
     if (change.Has(SWP_NOREDRAW)) return;
     const bool shown = IsShown(window);
     const bool sized = !change.Has(SWP_NOSIZE);
-    const bool moved = !change.Has(SWP_NOMOVE);
     const HWND handle = change.handle;
-    if (shown && (sized || change.Has(SWP_SHOWWINDOW))) {
+    if (sized || change.Has(SWP_HIDEWINDOW)) {
+        UncoverParent(change, Uncovered::kNow);
+        if (LookUp(handle) == nullptr || !shown) return;
+    }
+    if (sized || change.Has(SWP_SHOWWINDOW)) {
+        if (!shown) return;
         RepaintWhole(window);
         const bool at_once = change.Has(SWP_SHOWWINDOW) || window->parent == nullptr;
         if (at_once) EraseNow(window);
-    } else if (shown && change.Has(SWP_FRAMECHANGED)) {
+        return;
+    }
+    if (shown && change.Has(SWP_FRAMECHANGED)) {
         RepaintWhole(window);
-    } else if (shown && moved) {
+    } else if (shown && !change.Has(SWP_NOMOVE)) {
         CopyMoved(change);
     } else if (shown && !change.Has(SWP_NOZORDER) && window->parent != nullptr) {
         RepaintWhole(window);
     }
-    if (LookUp(handle) == nullptr) return;
-    Region uncovered = change.old_visible;
-    if (shown) uncovered.Subtract(VisibleOnScreen(window));
-    if (window->parent == nullptr || uncovered.Empty()) return;
-    const bool now = sized || change.Has(SWP_HIDEWINDOW);
-    Uncover(window->parent, uncovered, now ? Uncovered::kNow : Uncovered::kLater);
+    // Later, because what was moved is copied from the place that it left.
+    UncoverParent(change, Uncovered::kLater);
 }
 
 // Tells the default procedure whether the client area is as it was.
