@@ -132,7 +132,7 @@ DWORD UiThreadId();
 // ---- defaults behind DefWindowProcA (window_text.cpp, paint.cpp) ----
 
 LRESULT DefaultSetText(Window* window, const char* text);
-LRESULT DefaultGetText(const Window* window, char* text, std::size_t size);
+LRESULT DefaultGetText(const Window* window, char* buffer, std::size_t size);
 LRESULT DefaultSetRedraw(Window* window, bool on);
 
 // ---- activation and focus (focus.cpp) ----

@@ -1,6 +1,6 @@
-#include <algorithm>
 #include <cstring>
 
+#include "platform/text/gbk.h"
 #include "platform/win32/kernel/last_error.h"
 #include "platform/win32/user/window.h"
 
@@ -110,11 +110,11 @@ LRESULT DefaultSetText(Window* window, const char* text) {
     return TRUE;
 }
 
-LRESULT DefaultGetText(const Window* window, char* text, std::size_t size) {
-    if (size == 0 || text == nullptr) return 0;
-    const std::size_t length = std::min(window->text.size(), size - 1);
-    std::memcpy(text, window->text.data(), length);
-    text[length] = '\0';
+LRESULT DefaultGetText(const Window* window, char* buffer, std::size_t size) {
+    if (size == 0 || buffer == nullptr) return 0;
+    const std::size_t length = text::PrefixLength(window->text, size - 1);
+    std::memcpy(buffer, window->text.data(), length);
+    buffer[length] = '\0';
     return static_cast<LRESULT>(length);
 }
 
