@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/toolkit/toolkit.h"
+
+/// Asks for the trades of some days.
+class CGoldHistoryTradeDlg : public CDialog {
+public:
+    static constexpr UINT IDD = 10010;
+    static constexpr int kText = 10006;
+    static constexpr int kQuery = 10008;
+    static constexpr int kFrom = 10032;
+    static constexpr int kTo = 10033;
+
+protected:
+    void OnOK() override {}
+    void OnCancel() override {}
+
+    BOOL OnEraseBkgnd(CDC* dc);
+    DECLARE_MESSAGE_MAP()
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "lists/panel_host.h"
+#include "orderentry/contract_rules.h"
+#include "platform/toolkit/toolkit.h"
+#include "plugin/contract/earray.h"
+#include "plugin/contract/order_records.h"
+
+/// The day's orders, all of them or those that can be cancelled, with the buttons that do it.
+class CGoldOrderDlg : public CDialog {
+public:
+    static constexpr UINT IDD = 10007;
+    static constexpr int kList = 10024;
+    static constexpr int kMode = 10008;
+    static constexpr int kCancel = 10009;
+    static constexpr int kCancelAll = 10021;
+
+    /// The host of the panels; may be null.
+    void SetOwner(PanelHost* host) { m_pPanelHost = host; }
+    void Connect(const ContractSource* contracts) { m_pContracts = contracts; }
+    /// Reads the orders from the core and shows them, on the panels too if asked.
+    void Refresh(bool bNotifyPanels);
+    /// Shows or hides the buttons above the list.
+    void ShowToolbar(bool show);
+
+protected:
+    BOOL OnInitDialog() override;
+    void OnOK() override {}
+    void OnCancel() override {}
+
+    void OnSize(UINT type, int cx, int cy);
+    BOOL OnEraseBkgnd(CDC* dc);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    void LayOut();
+
+    PanelHost* m_pPanelHost = nullptr;
+    const ContractSource* m_pContracts = nullptr;
+    EArray<CZebOrder> m_orders{32};
+    bool m_bShowAll = true;
+    bool m_bToolbar = false;
+};

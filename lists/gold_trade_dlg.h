@@ -1,0 +1,31 @@
+#pragma once
+
+#include "orderentry/contract_rules.h"
+#include "platform/toolkit/toolkit.h"
+#include "plugin/contract/earray.h"
+#include "plugin/contract/order_records.h"
+
+/// The day's trades, and the button that writes them to a file.
+class CGoldTradeDlg : public CDialog {
+public:
+    static constexpr UINT IDD = 10009;
+    static constexpr int kList = 10024;
+    static constexpr int kMode = 10008;
+    static constexpr int kExport = 10044;
+
+    void Connect(const ContractSource* contracts) { m_pContracts = contracts; }
+    /// Reads the trades from the core and shows them.
+    void Refresh();
+
+protected:
+    void OnOK() override {}
+    void OnCancel() override {}
+
+    void OnSize(UINT type, int cx, int cy);
+    BOOL OnEraseBkgnd(CDC* dc);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    const ContractSource* m_pContracts = nullptr;
+    EArray<CZebTrade> m_trades{32};
+};

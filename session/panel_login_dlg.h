@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/toolkit/toolkit.h"
+
+/// Stands in for a panel's pages until somebody has logged in: a link that asks the host for the
+/// login.
+class CPanelLoginDlg : public CDialog {
+public:
+    static constexpr UINT IDD = 10008;
+
+protected:
+    void OnOK() override {}
+    void OnCancel() override {}
+};
