@@ -1,6 +1,7 @@
 #include <winbase_hooks.h>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 
 #include "platform/present/screen.h"
@@ -182,11 +183,19 @@ Surface& ComposeDesktop() {
 
 namespace {
 
+// A display runs in real time, whatever clock the messages follow.
+std::uint64_t DisplayMillis() {
+    using Time = std::chrono::steady_clock;
+    const auto passed = Time::now().time_since_epoch();
+    return static_cast<std::uint64_t>(
+        std::chrono::duration_cast<std::chrono::milliseconds>(passed).count());
+}
+
 int MillisToPresent() {
     Desktop& desktop = TheDesktop();
     if (desktop.screen == nullptr || !AnythingNew(desktop)) return -1;
     const std::uint64_t due = desktop.last_present + FrameMillis(desktop);
-    const std::uint64_t now = ClockTicks();
+    const std::uint64_t now = DisplayMillis();
     return due > now ? static_cast<int>(due - now) : 0;
 }
 
@@ -196,7 +205,7 @@ int PresentFrame() {
     Desktop& desktop = TheDesktop();
     const int wait = MillisToPresent();
     if (wait != 0) return wait;
-    desktop.last_present = ClockTicks();
+    desktop.last_present = DisplayMillis();
     const Region done = Compose(desktop);
     std::vector<present::Rect> rects;
     rects.reserve(done.Rects().size());
