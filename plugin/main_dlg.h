@@ -7,14 +7,14 @@
 #include "funds/gold_funds_dlg.h"
 #include "funds/settlement_dlg.h"
 #include "funds/tran_account_dlg.h"
+#include "lists/panel_host.h"
 #include "orderentry/gold_bs_base_dlg.h"
 #include "orderentry/panel_trade_dlg.h"
+#include "orderentry/stop_check_listener.h"
 #include "platform/toolkit/toolkit.h"
-#include "plugin/contract/market_records.h"
+#include "plugin/page_links.h"
 #include "session/change_pwd_dlg.h"
 #include "stops/gold_combination_dlg.h"
-
-class EventDispatcher;
 
 // Kinds of CMainDlg::BroadcastDyn.
 inline constexpr int kBroadcastQuote = 1;  ///< data is a JSDyn1, packed the contract
@@ -25,7 +25,7 @@ inline constexpr int kBroadcastPress = 3;  ///< packed is x | y << 16
 /// events. It holds no trading data: each page keeps its own.
 ///
 /// A packed contract is market | code << 16. All operations belong to the windows' thread.
-class CMainDlg : public CDialog {
+class CMainDlg : public CDialog, public PanelHost, public StopCheckListener {
 public:
     static constexpr UINT IDD = 10000;
     static constexpr int kMenuId = 10000;
@@ -55,22 +55,23 @@ public:
     void ResetPanels();
     /// The lock face for a value other than 0, else the working face.
     void LockPanels(int lock);
-    /// Gives a panel its contract; without one and logged out, the key is kept for later.
-    void SetPanelStk(CZebContract* contract, unsigned short market, unsigned short code, HWND hWnd);
-    /// The host's current contract: for the panel, the order page and the order list; kept for
-    /// later while logged out.
+    /// Gives a panel its contract and the funds; without one and logged out, the key is kept.
+    void SetPanelStk(const CZebContract* contract, unsigned short market, unsigned short code,
+                     HWND hWnd);
+    /// The host's current contract, for the panel, the order page and the order list; kept for them
+    /// while logged out.
     void ChangeStk(unsigned short market, unsigned short code, HWND hWnd);
-
-    // What the position and order pages publish.
-    void ShowFundsOnPanels(double equity, double available, double openProfit);
-    void ShowOrdersOnPanels(const CZebOrder* orders, int count);
-
-    /// Reads the trading parameters again and puts them to work everywhere.
-    void ReloadTradeParam();
-    /// Contracts of all panels and of the order page from the core; nobody keeps an old one.
-    void LoadContracts();
-    /// Gives the panels and the order page what was kept for them while logged out.
+    /// Gives the panels and the order page what was kept for them, and reads the orders.
     void ApplyKeptStks();
+    void ShowFundsOnPanels(double equity, double available, double open_profit) override;
+    void ShowOrdersOnPanels(const CZebOrder* orders, int count) override;
+    void RefreshStopChecks() override;
+
+    /// Reads the trading parameters and puts them to work everywhere.
+    void ReloadTradeParam();
+    /// Reads the contracts. Panels let theirs go first and find the new ones by market and code: no
+    /// page ever points into a table that was cleared.
+    void LoadContracts();
 
     CSettlementDlg& Settlement() { return m_dlgSettlement; }
     CGoldBSBaseDlg& BSBase() { return m_dlgBSBase; }
@@ -78,6 +79,9 @@ public:
     CChangePwdDlg& ChangePwd() { return m_dlgChangePwd; }
     CGoldFundsdlg& Funds() { return m_dlgFunds; }
     CGOLDCombinationDlg& Combination() { return m_dlgCombination; }
+    CGoldPositionDlg& Positions() { return m_report.Positions(); }
+    CGoldOrderDlg& Orders() { return m_report.Orders(); }
+    CGoldTradeDlg& Trades() { return m_report.Trades(); }
     CMyListBox& Menu() { return m_menu; }
     const std::list<CPanelTradeDlg*>& Panels() const { return m_arrPanels; }
 
@@ -100,6 +104,11 @@ protected:
 
 private:
     CPanelTradeDlg* FindPanel(HWND hWnd) const;
+    int AppendPositionKeys(unsigned int* list, int capacity);
+    void CheckFunds() const;
+    void SendClientReport();
+
+    ReportLink m_report;  ///< before the page that holds on to it
 
     unsigned char m_bStkListDone = 0;  ///< all positions have been offered to GetStkList once
     void* m_hPanelOwner = nullptr;
@@ -108,7 +117,7 @@ private:
     unsigned int m_dwCurStk = 0;                 ///< kept for the order page while logged out
     char m_szScratch[8192] = {};
     CSettlementDlg m_dlgSettlement;
-    CGoldBSBaseDlg m_dlgBSBase;
+    CGoldBSBaseDlg m_dlgBSBase{m_report};
     CTranAccountDlg m_dlgTranAccount;
     CChangePwdDlg m_dlgChangePwd;
     CGoldFundsdlg m_dlgFunds;
