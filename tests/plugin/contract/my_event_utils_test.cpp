@@ -18,7 +18,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using Log = std::vector<std::string>;
 
-class Listener : public MyEventUtils {
+class Listener final : public MyEventUtils {
 public:
     Listener(Log& log, std::string name, int notification = 2) : log_(log), name_(std::move(name)) {
         Listen(notification);
