@@ -24,6 +24,19 @@ struct Placement {
     short height = 0;
 };
 
+/// The unit nearest to a number of pixels. One is 1.5 pixels both ways.
+constexpr short Units(int pixels) {
+    return static_cast<short>((pixels * 4 + (pixels < 0 ? -3 : 3)) / 6);
+}
+
+/// A placement thought of in pixels. Edges that meet there meet here too.
+constexpr Placement Pixels(int x, int y, int width, int height) {
+    const auto between = [](int from, int to) {
+        return static_cast<short>(Units(to) - Units(from));
+    };
+    return {Units(x), Units(y), between(x, x + width), between(y, y + height)};
+}
+
 struct DialogControl {
     int id = -1;
     const char* window_class = "";
