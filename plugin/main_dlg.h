@@ -2,6 +2,7 @@
 
 #include <list>
 #include <map>
+#include <vector>
 
 #include "controls/my_list_box.h"
 #include "funds/gold_funds_dlg.h"
@@ -29,6 +30,8 @@ class CMainDlg : public CDialog, public PanelHost, public StopCheckListener {
 public:
     static constexpr UINT IDD = 10000;
     static constexpr int kMenuId = 10000;
+    /// Runs from a server's order for a client report to the report.
+    static constexpr UINT_PTR kClientReportTimer = 500;
 
     CMainDlg();
     ~CMainDlg() override;
@@ -83,7 +86,8 @@ public:
     CGoldOrderDlg& Orders() { return m_report.Orders(); }
     CGoldTradeDlg& Trades() { return m_report.Trades(); }
     CMyListBox& Menu() { return m_menu; }
-    const std::list<CPanelTradeDlg*>& Panels() const { return m_arrPanels; }
+    /// Those whose windows are alive; a host may have closed one behind our back.
+    std::vector<CPanelTradeDlg*> LivePanels() const;
 
 protected:
     void DoDataExchange(CDataExchange* exchange) override;
@@ -105,7 +109,7 @@ protected:
 private:
     CPanelTradeDlg* FindPanel(HWND hWnd) const;
     int AppendPositionKeys(unsigned int* list, int capacity);
-    void CheckFunds() const;
+    static void CheckFunds();
     void SendClientReport();
 
     ReportLink m_report;  ///< before the page that holds on to it
