@@ -52,11 +52,11 @@ constexpr Mark kPositions[] = {{kLines, kHot, 8, 1.5, 14, 4.75, 8, 8, 2, 4.75, 8
 constexpr Mark kTrades[] = {{kBox, kInk, 3, 1, 10, 14},
                             {kLines, kInk, 5.5, 4.5, 10.5, 4.5},
                             {kLines, kHot, 5.25, 9, 7.25, 11.25, 10.75, 7.25}};
-constexpr Mark kFunds[] = {{kArc, kInk, 8, 8, 6.5, 0, 360},
-                           {kLines, kHot, 5.5, 4.5, 8, 7.5, 10.5, 4.5},
-                           {kLines, kHot, 8, 7.5, 8, 11.5},
-                           {kLines, kHot, 5.5, 7.5, 10.5, 7.5},
-                           {kLines, kHot, 5.5, 9.5, 10.5, 9.5}};
+constexpr Mark kFunds[] = {{kArc, kInk, 7.5, 7.5, 6, 0, 360},
+                           {kLines, kHot, 4.75, 3.75, 7.5, 7, 10.25, 3.75},
+                           {kLines, kHot, 7.5, 7, 7.5, 11.5},
+                           {kLines, kHot, 5.5, 7.5, 9.5, 7.5},
+                           {kLines, kHot, 5.5, 9.5, 9.5, 9.5}};
 constexpr Mark kTransfer[] = {{kLines, kInk, 2.5, 5.5, 13.5, 5.5},
                               {kLines, kInk, 10.5, 2.5, 13.5, 5.5},
                               {kLines, kHot, 2.5, 10.5, 13.5, 10.5},
@@ -66,7 +66,8 @@ constexpr Mark kPassword[] = {{kArc, kInk, 5, 11, 3.5, 0, 360},
                               {kLines, kHot, 11, 5, 13.25, 7.25},
                               {kLines, kHot, 9, 7, 10.5, 8.5}};
 constexpr Mark kSettlement[] = {
-    {kLines, kInk, 9.5, 1.5, 3.5, 1.5, 3.5, 14.5, 12.5, 14.5, 12.5, 4.5, 9.5, 1.5},
+    {kLines, kInk, 9.5, 1.5, 3.5, 1.5, 3.5, 14.5, 12.5, 14.5, 12.5, 4.5},
+    {kLines, kInk, 9.5, 1.5, 12.5, 4.5},
     {kLines, kInk, 9.5, 1.5, 9.5, 4.5, 12.5, 4.5},
     {kLines, kInk, 5.5, 7.5, 10.5, 7.5},
     {kLines, kInk, 5.5, 9.5, 10.5, 9.5},
@@ -78,14 +79,14 @@ constexpr Mark kSettings[] = {{kLines, kInk, 1.5, 3.5, 14.5, 3.5},
                               {kDot, kHot, 11, 8.5, 2},
                               {kDot, kHot, 7, 13.5, 2}};
 constexpr Mark kCombination[] = {{kBox, kInk, 1, 1, 9, 9}, {kBox, kHot, 6, 6, 9, 9}};
-constexpr Mark kLock[] = {{kBox, kInk, 3, 7, 10, 8},
+constexpr Mark kLock[] = {{kBox, kInk, 3, 7, 9, 8},
                           {kLines, kInk, 5.5, 7, 5.5, 4.5},
-                          {kLines, kInk, 10.5, 7, 10.5, 4.5},
-                          {kArc, kInk, 8, 4.5, 2.5, 180, 360},
-                          {kLines, kHot, 8, 10.5, 8, 12}};
-constexpr Mark kHistory[] = {{kArc, kInk, 8, 8, 6, -135, 160},
-                             {kLines, kInk, 3.75, 1, 3.75, 3.75, 6.5, 3.75},
-                             {kLines, kHot, 8, 4.5, 8, 8.5, 10.75, 10}};
+                          {kLines, kInk, 9.5, 7, 9.5, 4.5},
+                          {kArc, kInk, 7.5, 4.25, 2, 180, 360},
+                          {kLines, kHot, 7.5, 10.5, 7.5, 11.5}};
+constexpr Mark kHistory[] = {{kArc, kInk, 8.5, 8.5, 6, -135, 160},
+                             {kLines, kInk, 3.5, 1.5, 3.5, 4.5, 6.5, 4.5},
+                             {kLines, kHot, 8.5, 4.5, 8.5, 8.5, 11.5, 8.5}};
 constexpr Mark kStops[] = {{kLines, kInk, 1.5, 2.5, 14.5, 2.5},
                            {kLines, kInk, 1.5, 13.5, 14.5, 13.5},
                            {kLines, kHot, 1.5, 9.5, 4.75, 5.75, 7.75, 10.5, 11, 6, 14.5, 8.75}};
@@ -94,9 +95,9 @@ constexpr Mark kQuickClose[] = {
 constexpr Mark kPlaceOrder[] = {
     {kLines, kInk, 10.75, 2, 14, 5.25, 5.5, 13.75, 2.25, 13.75, 2.25, 10.5, 10.75, 2},
     {kLines, kHot, 8.5, 4.25, 11.75, 7.5}};
-constexpr Mark kCancelOrder[] = {{kArc, kInk, 8, 8, 6.5, 0, 360},
-                                 {kLines, kHot, 5.5, 5.5, 10.5, 10.5},
-                                 {kLines, kHot, 10.5, 5.5, 5.5, 10.5}};
+constexpr Mark kCancelOrder[] = {{kArc, kInk, 7.5, 7.5, 6, 0, 360},
+                                 {kLines, kHot, 5, 5, 10, 10},
+                                 {kLines, kHot, 10, 5, 5, 10}};
 constexpr Mark kContracts[] = {{kLines, kInk, 5.5, 3.5, 14.5, 3.5},
                                {kLines, kInk, 5.5, 8.5, 14.5, 8.5},
                                {kLines, kInk, 5.5, 13.5, 14.5, 13.5},
@@ -106,36 +107,37 @@ constexpr Mark kContracts[] = {{kLines, kInk, 5.5, 3.5, 14.5, 3.5},
 constexpr Mark kChart[] = {{kLines, kInk, 3.5, 4.5, 3.5, 14.5},   {kBar, kInk, 2, 7, 3, 5},
                            {kLines, kHot, 8.5, 1.5, 8.5, 11.5},   {kBar, kHot, 7, 3, 3, 6},
                            {kLines, kInk, 13.5, 3.5, 13.5, 12.5}, {kBar, kInk, 12, 5, 3, 5}};
-constexpr Mark kAccount[] = {{kArc, kInk, 8, 5, 3, 0, 360},
-                             {kArc, kInk, 8, 15, 5.5, 180, 360},
+constexpr Mark kAccount[] = {{kArc, kInk, 8, 4.5, 3, 0, 360},
+                             {kArc, kInk, 8, 14.5, 5.5, 180, 360},
                              {kLines, kInk, 2.5, 14.5, 13.5, 14.5}};
-constexpr Mark kBank[] = {{kLines, kInk, 8, 1.75, 14.25, 5.5, 1.75, 5.5, 8, 1.75},
-                          {kLines, kHot, 4.5, 7.5, 4.5, 11.5},
-                          {kLines, kHot, 8, 7.5, 8, 11.5},
-                          {kLines, kHot, 11.5, 7.5, 11.5, 11.5},
-                          {kLines, kInk, 1.5, 13.5, 14.5, 13.5}};
-constexpr Mark kNotice[] = {{kLines, kInk, 6.5, 11.5, 14.5, 11.5, 14.5, 2.5, 1.5, 2.5, 1.5, 11.5,
-                             3.5, 11.5, 3.5, 14.25, 6.5, 11.5},
-                            {kLines, kHot, 4.5, 5.5, 11.5, 5.5},
-                            {kLines, kHot, 4.5, 8.5, 9.5, 8.5}};
+constexpr Mark kBank[] = {
+    {kLines, kInk, 7.5, 1.5, 13.5, 5.25}, {kLines, kInk, 7.5, 1.5, 1.5, 5.25},
+    {kLines, kInk, 1.5, 5.5, 13.5, 5.5},  {kLines, kHot, 3.5, 7.5, 3.5, 11.5},
+    {kLines, kHot, 7.5, 7.5, 7.5, 11.5},  {kLines, kHot, 11.5, 7.5, 11.5, 11.5},
+    {kLines, kInk, 1.5, 13.5, 13.5, 13.5}};
+constexpr Mark kNotice[] = {
+    {kLines, kInk, 7.5, 11.5, 14.5, 11.5, 14.5, 2.5, 1.5, 2.5, 1.5, 11.5, 4.5, 11.5, 4.5, 14.5},
+    {kLines, kInk, 4.5, 14.5, 7.5, 11.5},
+    {kLines, kHot, 4.5, 5.5, 11.5, 5.5},
+    {kLines, kHot, 4.5, 8.5, 9.5, 8.5}};
 constexpr Mark kReport[] = {{kLines, kInk, 1.5, 1.5, 1.5, 14.5, 14.5, 14.5},
                             {kBar, kInk, 4, 8, 2, 5},
                             {kBar, kHot, 8, 3, 2, 10},
                             {kBar, kInk, 12, 6, 2, 7}};
-constexpr Mark kExport[] = {{kLines, kHot, 8, 10.5, 8, 2},
-                            {kLines, kHot, 4.75, 5, 8, 1.75, 11.25, 5},
-                            {kLines, kInk, 2.5, 9.5, 2.5, 14.5, 13.5, 14.5, 13.5, 9.5}};
+constexpr Mark kExport[] = {{kLines, kHot, 7.5, 10.5, 7.5, 2.5},
+                            {kLines, kHot, 4.25, 5, 7.5, 1.75, 10.75, 5},
+                            {kLines, kInk, 1.5, 9.5, 1.5, 14.5, 13.5, 14.5, 13.5, 9.5}};
 constexpr Mark kServer[] = {{kBox, kInk, 2, 2, 12, 5},
                             {kBox, kInk, 2, 9, 12, 5},
                             {kBar, kHot, 4, 4, 2, 1},
                             {kBar, kHot, 4, 11, 2, 1}};
 constexpr Mark kLogout[] = {{kLines, kInk, 9.5, 1.5, 2.5, 1.5, 2.5, 14.5, 9.5, 14.5},
-                            {kLines, kHot, 6.5, 8, 14, 8},
-                            {kLines, kHot, 11, 4.75, 14.25, 8, 11, 11.25}};
-constexpr Mark kRefresh[] = {{kArc, kInk, 8, 8, 6, 200, 330},
-                             {kArc, kInk, 8, 8, 6, 20, 150},
-                             {kLines, kHot, 13.75, 1.75, 13.75, 5.25, 10.25, 5.25},
-                             {kLines, kHot, 2.25, 14.25, 2.25, 10.75, 5.75, 10.75}};
+                            {kLines, kHot, 6.5, 7.5, 13.5, 7.5},
+                            {kLines, kHot, 11, 4.25, 14.25, 7.5, 11, 10.75}};
+constexpr Mark kRefresh[] = {{kArc, kInk, 8, 8, 6, 200, 325},
+                             {kArc, kInk, 8, 8, 6, 20, 145},
+                             {kLines, kHot, 13.5, 1.5, 13.5, 5.5, 9.5, 5.5},
+                             {kLines, kHot, 2.5, 14.5, 2.5, 10.5, 6.5, 10.5}};
 constexpr Mark kSearch[] = {{kArc, kInk, 6.75, 6.75, 5, 0, 360},
                             {kLines, kHot, 10.5, 10.5, 14.25, 14.25}};
 
