@@ -2,7 +2,8 @@
 
 #include "platform/toolkit/toolkit.h"
 
-/// Enters a password by mouse, its keys in a new order each time.
+/// Enters a password by mouse, its keys in a new order each time it is opened. The edit that it
+/// serves stays the one that holds the text.
 class CKeyBoardDlg : public CDialog {
 public:
     static constexpr UINT IDD = 10108;
@@ -11,8 +12,36 @@ public:
     static constexpr int kBackspace = 10086;
     static constexpr int kCase = 10087;
     static constexpr int kHide = 10088;
+    static constexpr int kEnter = 10089;
+    static constexpr int kDigits = 10;
+    static constexpr int kLetters = 26;
+
+    ~CKeyBoardDlg() override;
+
+    /// Opens it below the edit, at its right end. Opened for another edit before, it moves on.
+    void Open(CWnd& edit);
+    void Place(CPoint corner);
+    /// Hides it and tells the edit that reading its text is over.
+    void Close();
+    /// The edit that it serves; null when closed.
+    CWnd* Edit() const { return m_pOwner; }
 
 protected:
+    BOOL OnInitDialog() override;
     void OnOK() override {}
-    void OnCancel() override {}
+    void OnCancel() override { Close(); }
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void Shuffle();
+    void ShowCaptions();
+    void OnKey(int id);
+    void OnBackspace();
+    void OnCase();
+    void OnEnter();
+
+    bool m_bUpper = false;
+    char m_szDigits[kDigits] = {};
+    char m_szLetters[kLetters] = {};
+    CWnd* m_pOwner = nullptr;
 };

@@ -110,7 +110,7 @@ constexpr auto kKeyBoardControls = [] {
         "0", "1", "2", "3", "4", "5", "6", "7", "8", "9", "a", "b", "c", "d", "e", "f", "g", "h",
         "i", "j", "k", "l", "m", "n", "o", "p", "q", "r", "s", "t", "u", "v", "w", "x", "y", "z"};
     constexpr int kKeys = static_cast<int>(std::size(kCaptions));
-    std::array<DialogControl, kKeys + 3> controls;
+    std::array<DialogControl, kKeys + 4> controls;
     for (int key = 0; key < kKeys; ++key) {
         controls[static_cast<std::size_t>(key)] = PushButton(
             CKeyBoardDlg::kFirstDigit + key, kCaptions[key], KeyPlace(key / 10, key % 10));
@@ -118,6 +118,7 @@ constexpr auto kKeyBoardControls = [] {
     controls[kKeys] = PushButton(CKeyBoardDlg::kBackspace, "退格", Pixels(288, 8, 64, 24));
     controls[kKeys + 1] = PushButton(CKeyBoardDlg::kCase, "大    写", Pixels(288, 36, 64, 24));
     controls[kKeys + 2] = PushButton(CKeyBoardDlg::kHide, "关闭", Pixels(288, 64, 64, 24));
+    controls[kKeys + 3] = PushButton(CKeyBoardDlg::kEnter, "回车", Pixels(288, 92, 64, 24));
     return controls;
 }();
 
@@ -130,7 +131,8 @@ constexpr auto kVolumeKeyControls = [] {
         const int row = static_cast<int>(key) / kColumns;
         const int column = static_cast<int>(key) % kColumns;
         controls[key] = PushButton(CKeyBoardDlgVolume::kPresets[key], "",
-                                   Pixels(8 + column * 44, 8 + row * kKeyPitch, 40, 24));
+                                   Pixels(8 + column * 44, 8 + row * kKeyPitch, 40, 24),
+                                   BS_OWNERDRAW);
     }
     controls[kKeys] = PushButton(CKeyBoardDlgVolume::kBackspace, "退格", Pixels(228, 8, 48, 52));
     return controls;

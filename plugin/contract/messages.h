@@ -37,6 +37,13 @@ inline constexpr UINT WM_LOCK_PANEL = 0x2B1B;
 /// A combination was double-clicked. Combination page to the frame, with the group's key.
 inline constexpr UINT WM_COMBINATION_CHOSEN = 1041;
 
+/// A row of a list of price words was chosen. The list to its price edit; wParam the row.
+inline constexpr UINT WM_PRICE_ROW_CHOSEN = 0x2B14;
+
+/// Let the text of a password edit be read (wParam 1) or no more (wParam 0). Soft keyboard to the
+/// edit that it serves. The keyboard's Enter key posts it to the edit's parent.
+inline constexpr UINT WM_KEYBOARD_READ = 0x2B19;
+
 enum FrameNotice : WPARAM {
     kFrameReady = 1,         ///< initial load is done, or the order page changed its contract
     kFrameLoginWanted = 77,  ///< a click on a panel's login link
