@@ -1,9 +1,8 @@
 #pragma once
 
-#include <vector>
-
 #include "platform/toolkit/toolkit.h"
 #include "plugin/contract/bank_records.h"
+#include "plugin/contract/earray.h"
 
 /// The form of a transfer between bank and gold account, and the list of transfers that were made.
 class CTranAccountChildDlg : public CDialog {
@@ -48,9 +47,10 @@ protected:
     void OnCancel() override {}
 
     BOOL OnEraseBkgnd(CDC* dc);
+    HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);
     DECLARE_MESSAGE_MAP()
 
 private:
-    std::vector<CZebBank> m_banks;
-    std::vector<CBankTransfer> m_transfers;
+    EArray<CZebBank> m_banks{16};
+    EArray<CBankTransfer> m_transfers{32};
 };

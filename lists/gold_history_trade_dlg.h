@@ -12,6 +12,7 @@ public:
     static constexpr int kTo = 10033;
 
 protected:
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 

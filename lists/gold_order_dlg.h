@@ -24,7 +24,6 @@ public:
     void ShowToolbar(bool show);
 
 protected:
-    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 

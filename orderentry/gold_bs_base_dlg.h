@@ -43,10 +43,12 @@ protected:
 
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
-    LRESULT OnContractChanged(WPARAM index, LPARAM);
+    LRESULT OnContractSelected(WPARAM index, LPARAM);
     DECLARE_MESSAGE_MAP()
 
 private:
+    void LayOut();
+
     ReportPane& m_report;
     CGoldBsDlg m_bs;
     CStock5BSDlg m_stock5;

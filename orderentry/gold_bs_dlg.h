@@ -71,7 +71,9 @@ protected:
 
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
+    HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);
     LRESULT OnQueryContract(WPARAM selector, LPARAM buffer);
+    void OnContractSelected();
     DECLARE_MESSAGE_MAP()
 
 private:

@@ -19,9 +19,6 @@ public:
     CPromptInsertOrderDlg(const CInsertOrderRequest* request, CWnd* parent)
         : CDialog(IDD, parent), m_pRequest(request) {}
 
-protected:
-    BOOL OnInitDialog() override;
-
 private:
     const CInsertOrderRequest* m_pRequest;
 };

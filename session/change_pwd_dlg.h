@@ -19,5 +19,6 @@ protected:
     void OnCancel() override {}
 
     BOOL OnEraseBkgnd(CDC* dc);
+    HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);
     DECLARE_MESSAGE_MAP()
 };

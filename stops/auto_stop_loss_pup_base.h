@@ -17,13 +17,17 @@ public:
         : CDialog(IDD, parent), m_pTitle(title), m_stops(contract, stop) {}
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
     BOOL OnInitDialog() override;
 
     void OnTabChanged(NMHDR* header, LRESULT* result);
     DECLARE_MESSAGE_MAP()
 
 private:
+    void ShowSelectedPage();
+
     const char* m_pTitle;
+    CTabCtrl m_tabs;
     CGOLDAutoStopLossPup m_stops;
     GOLDSetStopLoss m_settings;
 };

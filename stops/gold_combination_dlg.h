@@ -15,11 +15,9 @@ public:
     void OnCoreEvent(WPARAM wParam, LPARAM lParam);
 
 protected:
-    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 
-    void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
 

@@ -24,6 +24,7 @@ public:
     static constexpr int kIdleButton = 10049;
 
 protected:
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 };

@@ -34,6 +34,10 @@ inline constexpr WPARAM kQueryContractText = 2;
 /// page tells the frame too: 0 unlocked, 1 cancelled, 2 exit.
 inline constexpr UINT WM_LOCK_PANEL = 0x2B1B;
 
+/// Another contract was chosen. Order page to its container; wParam the index in the container's
+/// contracts. The container hands the record back before it returns.
+inline constexpr UINT WM_CONTRACT_SELECTED = 0x2B15;
+
 /// A combination was double-clicked. Combination page to the frame, with the group's key.
 inline constexpr UINT WM_COMBINATION_CHOSEN = 1041;
 

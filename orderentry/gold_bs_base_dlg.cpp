@@ -1,0 +1,114 @@
+#include "orderentry/gold_bs_base_dlg.h"
+
+#include "controls/page_ground.h"
+#include "platform/text/bounded_text.h"
+#include "plugin/contract/core_access.h"
+#include "plugin/contract/messages.h"
+#include "plugin/contract/record_list.h"
+#include "plugin/contract/ui_callback.h"
+
+namespace {
+
+constexpr int kSpareContracts = 16;
+constexpr int kOrderPageTop = 4;
+constexpr int kReportTop = 2;
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(CGoldBSBaseDlg, CDialog)
+    ON_WM_SIZE()
+    ON_WM_ERASEBKGND()
+    ON_MESSAGE(WM_CONTRACT_SELECTED, &CGoldBSBaseDlg::OnContractSelected)
+END_MESSAGE_MAP()
+
+BOOL CGoldBSBaseDlg::OnInitDialog() {
+    CDialog::OnInitDialog();
+    m_bs.Create(CGoldBsDlg::IDD, this);
+    m_bs.ShowWindow(SW_SHOW);
+    if (m_report.Create(this)) {
+        m_report.Connect(*this, m_bs.m_hWnd);
+        m_report.Window().ShowWindow(SW_SHOW);
+    }
+    m_stock5.Create(CStock5BSDlg::IDD, this);
+    LayOut();
+    return TRUE;
+}
+
+void CGoldBSBaseDlg::LoadContracts() {
+    CUICallBack* core = GetUICallBack();
+    if (core == nullptr) return;
+    m_bs.SetContracts(nullptr, 0);
+    m_bContractLoaded = false;
+    CContractManager::ClearContracts();
+    ReadRecords(m_contracts, kSpareContracts, [core](CZebContract* buffer, int capacity) {
+        return core->GetContractList(buffer, capacity);
+    });
+    for (int i = 0; i < m_contracts.GetCount(); ++i) {
+        CContractManager::AddContract(m_contracts.GetData()[i]);
+    }
+    // Before the drop-down is filled: its page asks for the contract behind a row.
+    m_bContractLoaded = true;
+    m_bs.SetContracts(m_contracts.GetData(), m_contracts.GetCount());
+}
+
+const CZebContract* CGoldBSBaseDlg::FindContractByCode(const char* code) const {
+    if (!m_bContractLoaded || code == nullptr) return nullptr;
+    for (int i = 0; i < m_contracts.GetCount(); ++i) {
+        const CZebContract& contract = m_contracts.GetData()[i];
+        if (text::FieldText(contract.szContract) == code) return &contract;
+    }
+    return nullptr;
+}
+
+const CZebContract* CGoldBSBaseDlg::FindContractBySymbol(unsigned int packed) const {
+    for (int i = 0; i < m_contracts.GetCount(); ++i) {
+        const CZebContract& contract = m_contracts.GetData()[i];
+        CHostSymbol symbol{};
+        const std::string code(text::FieldText(contract.szContract));
+        if (GetSymbolByName(&symbol, code.c_str()) && PackSymbol(symbol) == packed) {
+            return &contract;
+        }
+    }
+    return nullptr;
+}
+
+void CGoldBSBaseDlg::SetPage(int page) {
+    if (m_stock5.m_hWnd != nullptr) m_stock5.ShowWindow(SW_HIDE);
+    m_report.SetPage(page);
+}
+
+void CGoldBSBaseDlg::OnQuote(unsigned int packed, const JSDyn1& quote) {
+    m_report.OnQuote(packed, quote);
+    if (m_bs.Contract() == nullptr || PackSymbol(m_bs.Symbol()) != packed) return;
+    m_bs.OnQuoteEvent(quote);
+    m_stock5.OnQuote(packed, quote);
+}
+
+void CGoldBSBaseDlg::OnMousePress(CPoint screen) { m_bs.OnMousePress(screen); }
+
+LRESULT CGoldBSBaseDlg::OnContractSelected(WPARAM index, LPARAM) {
+    const bool known = index < static_cast<WPARAM>(m_contracts.GetCount());
+    m_bs.TakeContract(known ? m_contracts.GetData() + index : nullptr);
+    return 0;
+}
+
+void CGoldBSBaseDlg::OnSize(UINT type, int cx, int cy) {
+    CDialog::OnSize(type, cx, cy);
+    LayOut();
+}
+
+void CGoldBSBaseDlg::LayOut() {
+    if (m_bs.m_hWnd == nullptr || m_stock5.m_hWnd == nullptr) return;
+    CRect client;
+    GetClientRect(&client);
+    const int report_width = client.Width() - CGoldBsDlg::kWidth;
+    m_bs.MoveWindow(0, kOrderPageTop, CGoldBsDlg::kWidth, client.Height() - kOrderPageTop);
+    if (m_report.Window().m_hWnd == nullptr) return;
+    m_report.Window().MoveWindow(CGoldBsDlg::kWidth, kReportTop, report_width,
+                                 client.Height() - kReportTop);
+}
+
+BOOL CGoldBSBaseDlg::OnEraseBkgnd(CDC* dc) {
+    FillPageGround(*this, dc);
+    return TRUE;
+}
