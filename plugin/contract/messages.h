@@ -41,6 +41,14 @@ inline constexpr UINT WM_CONTRACT_SELECTED = 0x2B15;
 /// A combination was double-clicked. Combination page to the frame, with the group's key.
 inline constexpr UINT WM_COMBINATION_CHOSEN = 1041;
 
+/// A radio button was clicked and is checked now. COwerRadio to its parent, sent; wParam the
+/// control's window, lParam its id.
+inline constexpr UINT WM_RADIO_CHECKED = 0x2B12;
+
+/// A check box was clicked and has changed. COwerCheckBox to its parent, posted; parameters as
+/// above.
+inline constexpr UINT WM_CHECK_CHANGED = 0x2B18;
+
 /// A row of a list of price words was chosen. The list to its price edit; wParam the row.
 inline constexpr UINT WM_PRICE_ROW_CHOSEN = 0x2B14;
 
