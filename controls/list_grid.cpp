@@ -26,6 +26,8 @@ void MakeContext(CDC& dc, HDC like) {
     dc.SetBkMode(TRANSPARENT);
 }
 
+HBRUSH WhiteBrush() { return static_cast<HBRUSH>(::GetStockObject(WHITE_BRUSH)); }
+
 /// Puts a fresh bitmap into a memory context; `former` keeps what the context had at first.
 void Replace(CDC& dc, CBitmap& bitmap, HGDIOBJ& former, HDC like, int width, int height) {
     if (former != nullptr) dc.SelectObject(former);
@@ -68,6 +70,7 @@ void CListGrid::SetView(const RECT& view) {
 void CListGrid::SetRowHeight(int height) {
     nRowHeight = std::max(height, 1);
     MakeHeaderBitmap();
+    MakeBodyBitmap();
 }
 
 bool CListGrid::AddColumn(int width) {
@@ -82,7 +85,7 @@ void CListGrid::MakeHeaderBitmap() {
 }
 
 void CListGrid::MakeBodyBitmap() {
-    Replace(hBodyDC, hBodyBmp, hOldBodyBmp, hTargetDC, ViewWidth(), rcView.bottom - rcView.top);
+    Replace(hBodyDC, hBodyBmp, hOldBodyBmp, hTargetDC, ViewWidth(), nRowHeight + 1);
 }
 
 int CListGrid::PixelWidth(int column) const {
@@ -179,53 +182,78 @@ bool CListGrid::MoveAt(int x, int y, bool* changed) {
 
 void CListGrid::Paint() {
     if (ViewWidth() < kNarrowestView) return;
-    const int header_end = PaintHeader();
-    PaintBody(header_end);
-    const int width = ViewWidth();
-    ::BitBlt(hTargetDC, rcView.left, rcView.top, width, nRowHeight, hHeaderDC, 0, 0, SRCCOPY);
-    ::BitBlt(hTargetDC, rcView.left, BodyTop(), width, rcView.bottom - BodyTop(), hBodyDC, 0, 0,
-             SRCCOPY);
+    PaintHeader();
+    ::BitBlt(hTargetDC, rcView.left, rcView.top, ViewWidth(), nRowHeight, hHeaderDC, 0, 0, SRCCOPY);
+    PaintBody();
 }
 
-int CListGrid::PaintHeader() {
+void CListGrid::PaintHeader() {
     hHeaderDC.FillSolidRect({0, 0, ViewWidth(), nRowHeight}, list_colors::kGround);
-    if (pfnDrawHeader == nullptr) return static_cast<int>(rcView.right);
+    if (pfnDrawHeader == nullptr) return;
     const toolkit::ScopedSelect font(hHeaderDC, static_cast<HFONT>(hFont));
     int x = rcView.left - nScrollX;
-    for (int column = 0; column < ColumnCount(); ++column) {
+    for (int column = 0; column < ColumnCount() && x < ViewWidth(); ++column) {
         RECT rect{x, rcView.top, x + PixelWidth(column), rcView.top + nRowHeight};
         x = rect.right;
-        if (rect.right < 0 || rect.left >= ViewWidth()) continue;
-        pfnDrawHeader(hHeaderDC, hSpareDC, column, &rect, pOwner);
+        if (rect.right >= 0) pfnDrawHeader(hHeaderDC, hSpareDC, column, &rect, pOwner);
     }
-    return x;
 }
 
-void CListGrid::PaintBody(int header_end) {
-    const int height = rcView.bottom - rcView.top;
-    hBodyDC.FillSolidRect({0, 0, ViewWidth(), height}, list_colors::kGround);
-    const toolkit::ScopedSelect font(hBodyDC, static_cast<HFONT>(hFont));
+// Row by row through one strip: it stays in the processor's cache from its filling to its copying,
+// which a bitmap of the whole body would not.
+void CListGrid::PaintBody() {
+    if (ViewWidth() < kNarrowestView) return;
+    const int height = rcView.bottom - BodyTop();
     const CBrush grid(list_colors::kGrid);
-    const int first = nScrollY / nRowHeight;
     int y = -(nScrollY % nRowHeight);
-    for (int row = first; row < nRowCount && y < height - nRowHeight + 1; ++row) {
-        PaintRow(row, y, header_end, grid);
-        y += nRowHeight;
+    {
+        const toolkit::ScopedSelect font(hBodyDC, static_cast<HFONT>(hFont));
+        for (int row = nScrollY / nRowHeight; row < nRowCount && y < height; ++row) {
+            PaintRow(row, y, grid);
+            CopyLines(std::max(y, 0), std::min(y + nRowHeight, height));
+            y += nRowHeight;
+        }
     }
+    const RECT rest{rcView.left, BodyTop() + std::max(y, 0), rcView.right, rcView.bottom};
+    if (rest.top < rest.bottom) ::FillRect(hTargetDC, &rest, WhiteBrush());
 }
 
-void CListGrid::PaintRow(int row, int y, int header_end, HBRUSH grid) {
-    if (row == nSelected) {
-        hBodyDC.FillSolidRect({rcView.left, y, header_end, y + nRowHeight},
-                              list_colors::kSelection);
+// The strip's first line is the one above the row, which the row before has copied already.
+void CListGrid::PaintRow(int row, int y, HBRUSH grid) {
+    const RECT strip{rcView.left, y - 1, rcView.right, y + nRowHeight};
+    ::SetViewportOrgEx(hBodyDC, -rcView.left, -strip.top, nullptr);
+    ::FillRect(hBodyDC, &strip, WhiteBrush());
+    const int right = pfnDrawHeader != nullptr ? RowRight() : static_cast<int>(rcView.right);
+    if (row == nSelected && right > rcView.left) {
+        hBodyDC.FillSolidRect({rcView.left, y, right, strip.bottom}, list_colors::kSelection);
     }
-    int x = rcView.left - nScrollX;
+    int x = RowLeft();
     for (int column = 0; column < ColumnCount() && x < ViewWidth(); ++column) {
-        RECT rect{x, y - 1, x + PixelWidth(column), y + nRowHeight};
+        RECT rect{x, strip.top, x + PixelWidth(column), strip.bottom};
         x = rect.right;
-        if (rect.right < 0) continue;
-        if (pfnDrawItem != nullptr) pfnDrawItem(hBodyDC, column == 0, row, column, &rect, pOwner);
-        rect.left -= 1;
-        ::FrameRect(hBodyDC, &rect, grid);
+        if (rect.right < 0 || pfnDrawItem == nullptr) continue;
+        pfnDrawItem(hBodyDC, column == 0, row, column, &rect, pOwner);
     }
+    FrameCells(strip.top, strip.bottom, grid);
+}
+
+// The lines of the frames around all cells of a row; neighbours share theirs, so a frame begins a
+// pixel left of its cell.
+void CListGrid::FrameCells(int top, int bottom, HBRUSH grid) const {
+    if (ColumnCount() == 0) return;
+    const auto fill = [this, grid](const RECT& line) { ::FillRect(hBodyDC, &line, grid); };
+    int x = RowLeft();
+    fill({x - 1, top, x, bottom});
+    for (int column = 0; column < ColumnCount() && x < ViewWidth(); ++column) {
+        x += PixelWidth(column);
+        fill({x - 1, top, x, bottom});
+    }
+    fill({RowLeft() - 1, top, x, top + 1});
+    fill({RowLeft() - 1, bottom - 1, x, bottom});
+}
+
+void CListGrid::CopyLines(int top, int bottom) const {
+    if (top >= bottom) return;
+    ::BitBlt(hTargetDC, rcView.left, BodyTop() + top, ViewWidth(), bottom - top, hBodyDC,
+             rcView.left, top, SRCCOPY);
 }

@@ -57,8 +57,10 @@ public:
     /// is going on; `*changed` tells of a new width.
     bool MoveAt(int x, int y, bool* changed);
 
-    /// Paints all of the view into the window.
+    /// Paints all of the view into the window. Nothing when it is narrower than 20 pixels.
     void Paint();
+    /// The same without the header, which scrolling up and down leaves as it is.
+    void PaintBody();
 
     RECT rcView;
     EArray<int> widths{32};
@@ -93,8 +95,10 @@ private:
     void SetPixelWidth(int column, int width);
     void MakeHeaderBitmap();
     void MakeBodyBitmap();
-    /// Answers where the last column ends.
-    int PaintHeader();
-    void PaintBody(int header_end);
-    void PaintRow(int row, int y, int header_end, HBRUSH grid);
+    int RowLeft() const { return rcView.left - nScrollX; }
+    int RowRight() const { return RowLeft() + TotalWidth(); }
+    void PaintHeader();
+    void PaintRow(int row, int y, HBRUSH grid);
+    void FrameCells(int top, int bottom, HBRUSH grid) const;
+    void CopyLines(int top, int bottom) const;
 };
