@@ -3,7 +3,7 @@
 #include "orderentry/contract_rules.h"
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/core_access.h"
-#include "plugin/contract/earray.h"
+#include "plugin/contract/record_list.h"
 #include "plugin/contract/ui_callback.h"
 #include "plugin/main_dlg.h"
 
@@ -13,7 +13,6 @@ namespace {
 
 /// The core may have more positions by the time they are read.
 constexpr int kSpareRecords = 10;
-constexpr int kMostPositions = 1'000'000;
 constexpr unsigned short kNoSymbol = 0xFFFF;
 
 bool IsKey(const CHostSymbol& symbol) {
@@ -55,9 +54,9 @@ int CMainDlg::AppendPositionKeys(unsigned int* list, int capacity) {
     CUICallBack* core = GetUICallBack();
     if (core == nullptr) return 0;
     EArray<CZebPosition> positions(kSpareRecords);
-    const int promised = std::min(core->GetPositionList(nullptr, 0), kMostPositions);
-    const int room = positions.SetSize(promised + kSpareRecords);
-    const int held = std::clamp(core->GetPositionList(positions.GetData(), room), 0, room);
+    const int held = ReadRecords(positions, kSpareRecords, [core](CZebPosition* buffer, int room) {
+        return core->GetPositionList(buffer, room);
+    });
     const int looked_at = std::min(held, capacity);
     int count = 0;
     for (int i = 0; i < looked_at; ++i) {
