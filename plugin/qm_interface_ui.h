@@ -22,17 +22,20 @@ class CMainDlg;
 ///
 /// The windows of one front end exist at a time: a process with two such objects calls Create on
 /// one of them.
-class QMGOLDTRADEUI_API QmInterfaceUI final : public CBaseUI {
+///
+/// Outside of the library the operations are called through a CBaseUI alone: only what is marked
+/// leaves it, and the table.
+class SYMBOL_CLASS QmInterfaceUI final : public CBaseUI {
 public:
-    QmInterfaceUI();
+    QMGOLDTRADEUI_API QmInterfaceUI();
     /// A copy has the core of the original, but no windows: those have one owner.
-    QmInterfaceUI(const QmInterfaceUI& other);
-    QmInterfaceUI& operator=(const QmInterfaceUI& other);
+    QMGOLDTRADEUI_API QmInterfaceUI(const QmInterfaceUI& other);
+    QMGOLDTRADEUI_API QmInterfaceUI& operator=(const QmInterfaceUI& other);
     /// Destroys the windows that are left.
-    ~QmInterfaceUI();
+    QMGOLDTRADEUI_API ~QmInterfaceUI();
 
     /// Stores the host's function; null takes it away. May come before there is an object.
-    static void SetCallBack(HostFunction function);
+    QMGOLDTRADEUI_API static void SetCallBack(HostFunction function);
 
     void SetUICallBack(CUICallBack* core) override;
 
