@@ -1,9 +1,10 @@
+#include "controls/templates.h"
 #include "orderentry/templates.h"
 #include "platform/toolkit/toolkit.h"
 
 namespace {
 
-const toolkit::TemplateTable kTables[] = {orderentry::kTemplates};
+const toolkit::TemplateTable kTables[] = {controls::kTemplates, orderentry::kTemplates};
 
 CWinApp app;
 
