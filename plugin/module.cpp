@@ -1,3 +1,4 @@
+#include "controls/templates.h"
 #include "funds/templates.h"
 #include "lists/templates.h"
 #include "orderentry/templates.h"
@@ -10,10 +11,10 @@ namespace {
 
 CQmGoldTradeUIApp g_theApp;
 
-// The page's tables are finished before this one is copied from them: they are constants.
+// The pages' tables are finished before this one is copied from them: they are constants.
 const toolkit::TemplateTable kTables[] = {
-    plugin::kTemplates,     session::kTemplates, funds::kTemplates,
-    orderentry::kTemplates, stops::kTemplates,   lists::kTemplates,
+    plugin::kTemplates,     controls::kTemplates, session::kTemplates, funds::kTemplates,
+    orderentry::kTemplates, stops::kTemplates,    lists::kTemplates,
 };
 
 }  // namespace
