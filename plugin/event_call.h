@@ -1,20 +1,13 @@
 #pragma once
 
-#include <memory>
 #include <string>
 
 #include "plugin/contract/messages.h"
-#include "plugin/contract/tagged_block.h"
+#include "plugin/event_block.h"
 #include "plugin/event_boxes.h"
 #include "plugin/main_dlg.h"
 
 class CUICallBack;
-
-/// Frees a tagged block.
-struct BlockDeleter {
-    void operator()(void* payload) const { FreeTaggedBlock(payload); }
-};
-using EventBlock = std::unique_ptr<void, BlockDeleter>;
 
 /// A core event while it is handled. It lives on the stack of its own handling, because a case with
 /// a box runs other events meanwhile, and the main dialog may be gone when the box returns.

@@ -6,6 +6,7 @@
 #include "plugin/contract/messages.h"
 #include "plugin/contract/ui_callback.h"
 #include "plugin/event_dispatcher.h"
+#include "plugin/event_post.h"
 #include "plugin/logged_in.h"
 #include "plugin/settings/process_values.h"
 
@@ -80,6 +81,7 @@ int CMainDlg::OnCreate(LPCREATESTRUCT create) {
                        static_cast<CWnd*>(&m_dlgSettlement)}) {
         Show(*page, SW_HIDE);
     }
+    BeginCoreEvents(m_hWnd);
     return 0;
 }
 
@@ -131,6 +133,7 @@ void CMainDlg::OnShowWindow(BOOL bShow, UINT status) {
 }
 
 void CMainDlg::OnDestroy() {
+    EndCoreEvents(m_hWnd);
     KillTimer(kFundsTimer);
     CDialog::OnDestroy();
 }
