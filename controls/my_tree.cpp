@@ -20,10 +20,10 @@ void CMyTree::OnLButtonDown(UINT keys, CPoint point) {
         CTreeCtrl::OnLButtonDown(keys, point);
         return;
     }
-    // The default would toggle once more.
-    SetFocus();
+    // No default step: it would toggle once more.
     TellButton(node);
     SelectItem(node);
+    SetFocus();
     Toggle(node);
 }
 

@@ -18,6 +18,9 @@ public:
     void SetTextColor(COLORREF color);
 
 protected:
+    /// What stands in a window that was another class's has to go.
+    void PreSubclassWindow() override { Invalidate(); }
+
     BOOL OnEraseBkgnd(CDC* dc);
     void OnPaint();
     HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);

@@ -101,14 +101,19 @@ void COwerRadio::OnLButtonUp(UINT, CPoint point) {
     GetClientRect(client);
     const bool clicked = pressed && client.PtInRect(point);
     ChangeState(clicked ? kHover : kNormal);
+    if (clicked) TrackLeave();  // while captured the pointer may have left without a word
     if (clicked) OnClick();
 }
 
-void COwerRadio::OnMouseMove(UINT, CPoint) {
-    if (tracking_) return;
+void COwerRadio::TrackLeave() {
     TRACKMOUSEEVENT track{sizeof(track), TME_LEAVE, m_hWnd, 0};
     tracking_ = ::_TrackMouseEvent(&track);
-    if (!m_bPressed) ChangeState(kHover);
+}
+
+void COwerRadio::OnMouseMove(UINT, CPoint) {
+    if (tracking_ || m_bPressed) return;
+    TrackLeave();
+    ChangeState(kHover);
 }
 
 LRESULT COwerRadio::OnMouseLeave(WPARAM, LPARAM) {

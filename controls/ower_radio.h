@@ -39,6 +39,9 @@ protected:
     BackgroundCopy m_background;
     BOOL m_bChecked = FALSE;
 
+    /// What stands in a window that was another class's has to go.
+    void PreSubclassWindow() override { Invalidate(); }
+
     BOOL OnEraseBkgnd(CDC* dc);
     void OnPaint();
     void OnLButtonDown(UINT keys, CPoint point);
@@ -69,6 +72,7 @@ protected:
     void ChangeState(int state);
 
 private:
+    void TrackLeave();
     void PaintGround(HDC dc, const CRect& client);
     int PaintMark(HDC dc, const CRect& client);
     void PaintText(HDC dc, CRect rect);

@@ -69,12 +69,9 @@ constexpr int kMarkSize = 14;
 
 MarkColors ColorsOf(MarkKind kind, int state, bool checked) {
     const Palette& p = kLight;
-    const COLORREF strong = state == kPressed ? p.primary.pressed.fill : p.accent;
     if (state == kDisabled) return {p.line, p.ground, p.faint};
-    if (checked && kind == MarkKind::kCheck) {
-        const COLORREF fill = state == kNormal ? p.primary.normal.fill : strong;
-        return {fill, fill, p.raised};
-    }
+    const COLORREF strong = FaceOf(p.primary, state).fill;
+    if (checked && kind == MarkKind::kCheck) return {strong, strong, p.raised};
     const COLORREF fill = state == kPressed ? RGB(0xDC, 0xE7, 0xF3) : p.raised;
     const COLORREF frame = state == kNormal && !checked ? p.disabled : strong;
     return {frame, fill, strong};
