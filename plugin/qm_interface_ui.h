@@ -130,10 +130,12 @@ public:
     CWnd* GetConditionParentDlg() override;
 
 private:
-    bool HasMain() const { return m_pMainDlg.load(std::memory_order_relaxed) != nullptr; }
+    bool HasMain() const { return m_pMainDlg.load() != nullptr; }
     bool HasMainAndLogin() const;
     /// The main dialog while its window is alive, else null.
     CMainDlg* AliveMain() const;
+    void DestroyWindows();
+    void DeleteMain();
 
     CUICallBack* m_pUICallBack = nullptr;         ///< the host's
     std::atomic<CMainDlg*> m_pMainDlg = nullptr;  ///< owned; other threads only test it
