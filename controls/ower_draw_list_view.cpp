@@ -4,6 +4,7 @@
 
 #include "controls/list_cell_paint.h"
 #include "controls/list_scroll.h"
+#include "controls/templates.h"
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/core_access.h"
 #include "plugin/contract/ui_callback.h"
@@ -11,7 +12,6 @@
 namespace {
 
 constexpr const char* kClassName = "OWERLISTVIEW";
-constexpr UINT kTipTemplate = 10008;
 constexpr UINT kEditorId = 1;
 /// What a virtual cell keeps free before its text.
 constexpr int kVirtualInset = 2;
@@ -84,7 +84,8 @@ int COwerDrawListView::OnCreate(LPCREATESTRUCT create) {
     for (const ListColumn& column : m_columns) m_pGrid->AddColumn(column.nWidth);
     m_edit.CreateEx(WS_EX_CLIENTEDGE, "EDIT", "", WS_CHILD | ES_RIGHT, CRect(0, 0, 0, 0), this,
                     kEditorId);
-    m_tip.Create(kTipTemplate, this);
+    m_tip.Create(controls::kEmptyDialog, this);
+    m_tip.SetNotify(m_hWnd);
     return 0;
 }
 

@@ -150,7 +150,7 @@ private:
     void TellEditEnds() const;
     void Notify(UINT code) const;
     void SelectByKey(int row);
-    void ShowTip();
+    void ShowTip(CPoint point);
     const ListCell* TipCellAt(POINT point);
 
     bool ending_edit_ = false;

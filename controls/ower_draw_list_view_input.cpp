@@ -47,9 +47,12 @@ bool COwerDrawListView::OpenPressedCell(CListGrid::Cell cell) {
     RECT rect = pressed->rcCell;
     ::OffsetRect(&rect, 0, m_pGrid->nRowHeight);
     OpenEditor(cell.column, cell.row, rect, pressed->szText);
+    const bool released = ::GetAsyncKeyState(VK_LBUTTON) >= 0;
     // The press is made once more, for the editor to put its caret under the pointer.
     ::mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     ::mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+    // A quick click has let go before: its release stands in front of the new press.
+    if (released) ::mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
     return true;
 }
 
@@ -188,29 +191,32 @@ void COwerDrawListView::TakeEditedText() {
 
 void COwerDrawListView::OnTimer(UINT_PTR) {
     Default();
+    CPoint point;
+    ::GetCursorPos(&point);
+    ScreenToClient(&point);
+    CRect client;
+    GetClientRect(&client);
+    // No message says that the pointer has left.
+    if (!client.PtInRect(point)) m_tip.Hide();
     if (m_bTipDone || ::GetTickCount() - m_dwLastMove < kTipDelayMillis) return;
     m_bTipDone = TRUE;
-    ShowTip();
+    if (client.PtInRect(point)) ShowTip(point);
 }
 
-void COwerDrawListView::ShowTip() {
-    CPoint screen;
-    ::GetCursorPos(&screen);
-    CPoint point = screen;
-    ScreenToClient(&point);
+void COwerDrawListView::ShowTip(CPoint point) {
     const ListCell* const cell = TipCellAt(point);
     if (cell == nullptr) return;
     // The tip shows whole lines only.
     char tip[kCellTextSize + 2];
     text::CopyText(tip, cell->szTip);
     text::AppendText(tip, "\r\n");
-    m_tip.ShowText(tip, screen, ::GetSystemMetrics(SM_CXSCREEN));
+    ClientToScreen(&point);
+    m_tip.ShowText(tip, point, ::GetSystemMetrics(SM_CXSCREEN));
 }
 
 const ListCell* COwerDrawListView::TipCellAt(POINT point) {
-    CRect client;
-    GetClientRect(&client);
-    if (m_pGrid == nullptr || !client.PtInRect(point)) return nullptr;
+    // Behind the header there are rows as well, but out of view.
+    if (m_pGrid == nullptr || point.y < m_pGrid->BodyTop()) return nullptr;
     const CListGrid::Cell hit = m_pGrid->GetHitCell(point.x, point.y);
     const ListCell* const cell = FindCell(hit.row, hit.column);
     if (cell == nullptr || cell->szTip[0] == '\0') return nullptr;
