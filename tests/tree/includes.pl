@@ -11,7 +11,7 @@ my $root = shift or die "usage: includes.pl ROOT\n";
 chdir $root or die "$root: $!\n";
 
 # The windows of the front end stand on these.
-my @windows = qw(platform/types.h platform/system.h platform/text platform/toolkit);
+my @windows = qw(platform/types.h platform/system.h platform/export.h platform/text platform/toolkit);
 my @pages   = qw(session funds orderentry stops lists);
 my @front   = (@pages, qw(plugin controls plugin/contract plugin/settings));
 
