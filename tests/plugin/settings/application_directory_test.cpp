@@ -14,7 +14,7 @@ TEST(ApplicationDirectory, IsTheOneOfTheFirstCall) {
 
     const testing_support::TempFolder first;
     RememberApplicationDirectory();
-    const std::string remembered = ApplicationDirectory();
+    const std::string& remembered = ApplicationDirectory();
     EXPECT_NE("", remembered);
     {
         const testing_support::TempFolder second;
