@@ -33,18 +33,33 @@ BOOL GalleryFrame::CreateFrame() {
 
 int GalleryFrame::OnCreate(LPCREATESTRUCT create) {
     if (CWnd::OnCreate(create) == -1 || !page_.CreatePage(this)) return -1;
+    if (!front_.CreatePage(this, kFrontPage)) return -1;
     return list_.CreateList(this, kRows, CRect(0, 0, 0, 0)) ? 0 : -1;
 }
 
 void GalleryFrame::OnSize(UINT kind, int width, int height) {
     CWnd::OnSize(kind, width, height);
-    if (list_.GetSafeHwnd() == nullptr) return;
+    if (list_.GetSafeHwnd() != nullptr) Arrange();
+}
+
+void GalleryFrame::Arrange() {
+    CRect client;
+    GetClientRect(client);
     CRect page;
     page_.GetWindowRect(&page);
     page_.MoveWindow(kMargin, kMargin, page.Width(), page.Height());
     const int top = page.Height() + 2 * kMargin;
-    list_.MoveWindow(kMargin, top, std::max(width - 2 * kMargin, 0),
-                     std::max(height - top - kMargin, 0));
+    list_.MoveWindow(kMargin, top, std::max(client.Width() - 2 * kMargin, 0),
+                     std::max(client.Height() - top - kMargin, 0));
+    front_.MoveWindow(client);
+}
+
+void GalleryFrame::Show(View view) {
+    view_ = view;
+    const bool standard = view == View::kStandard;
+    page_.ShowWindow(standard ? SW_SHOW : SW_HIDE);
+    list_.ShowWindow(standard ? SW_SHOW : SW_HIDE);
+    front_.ShowWindow(standard ? SW_HIDE : SW_SHOW);
 }
 
 LRESULT GalleryFrame::OnClose(WPARAM, LPARAM) {

@@ -1,16 +1,21 @@
 #pragma once
 
 #include "examples/gallery/controls_page.h"
+#include "examples/gallery/front_page.h"
 #include "examples/gallery/row_list.h"
 
 namespace gallery {
 
-/// The gallery's window: the standard controls above, a list of 10,000 rows below.
+/// The gallery's window. Its first view has the standard controls above and a list of 10,000 rows
+/// below, its second the controls of the trading front end.
 class GalleryFrame : public CWnd {
 public:
     BOOL CreateFrame();
     ControlsPage& page() { return page_; }
     RowList& list() { return list_; }
+    FrontPage& front() { return front_; }
+    enum class View { kStandard, kFront };
+    void Show(View view);
     /// From now on the close box does nothing.
     void StayOpen() { stays_open_ = true; }
 
@@ -22,8 +27,12 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    void Arrange();
+
     ControlsPage page_;
     RowList list_;
+    FrontPage front_;
+    View view_ = View::kStandard;
     bool stays_open_ = false;
 };
 

@@ -39,7 +39,16 @@ enum ControlId : int {
     kAskPrice,
     kAskVolume,
     kRows,
-    kStatus
+    kStatus,
+    kPages,
+    kFrontPage,
+    kFrontMenu,
+    kFrontOrders,
+    kFrontStops,
+    kFrontTree,
+    kFrontRadio,                     ///< and the next
+    kFrontCheck = kFrontRadio + 10,  ///< and the next
+    kFrontEnd = kFrontCheck + 10,
 };
 
 }  // namespace gallery

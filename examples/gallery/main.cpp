@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "examples/gallery/gallery_core.h"
 #include "examples/gallery/gallery_frame.h"
 #include "examples/gallery/random_input.h"
 #include "examples/gallery/shots.h"
@@ -14,6 +15,7 @@
 #include "platform/start.h"
 #include "platform/testing/input.h"
 #include "platform/testing/sight.h"
+#include "plugin/contract/core_access.h"
 
 namespace {
 
@@ -104,5 +106,7 @@ int main(int argc, char** argv) {
     }
     if (g_app.Automatic()) options.display = platform::Display::kHeadless;
     platform::Start(options);
+    gallery::GalleryCore core(options.scale);
+    g_pUICallBack = &core;
     return AfxWinMain(GetModuleHandleA(nullptr), nullptr, nullptr, SW_SHOW);
 }

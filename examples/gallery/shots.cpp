@@ -88,6 +88,8 @@ bool TakeShots(GalleryFrame& frame, const std::string& folder) {
     Key(VK_NEXT);
     Key(VK_DOWN);
     photographer.Shoot("list_scrolled");
+    frame.Show(GalleryFrame::View::kFront);
+    photographer.Shoot("front");
     return photographer.good();
 }
 

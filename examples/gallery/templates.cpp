@@ -1,5 +1,6 @@
 #include "examples/gallery/templates.h"
 
+#include "controls/templates.h"
 #include "examples/gallery/ids.h"
 
 namespace gallery {
@@ -105,7 +106,7 @@ constexpr DialogTemplate kDialogs[] = {
      .controls = kAskControls},
 };
 
-constexpr toolkit::TemplateTable kAll[] = {kDialogs};
+const toolkit::TemplateTable kAll[] = {kDialogs, controls::kTemplates};
 
 }  // namespace
 

@@ -19,8 +19,8 @@ const Face& FaceOf(const Faces& faces, int state) {
 
 /// Outside 14 by 10, in the middle of the button.
 void DrawKeyboard(Canvas& canvas, int width, int height, COLORREF ink) {
-    const double left = (width - 14) / 2;
-    const double top = (height - 10) / 2;
+    const int left = (width - 14) / 2;
+    const int top = (height - 10) / 2;
     canvas.RoundFrame(left, top, 14, 10, 1.5, 1, ink);
     for (int row = 0; row < 2; ++row) {
         for (int key = 0; key < 4; ++key)
@@ -30,8 +30,8 @@ void DrawKeyboard(Canvas& canvas, int width, int height, COLORREF ink) {
 }
 
 void DrawSymbol(Canvas& canvas, const ButtonLook& look, COLORREF ink) {
-    const double x = look.width / 2;
-    const double y = look.height / 2;
+    const int x = look.width / 2;
+    const int y = look.height / 2;
     switch (look.symbol) {
         case Symbol::kNone: return;
         case Symbol::kKeyboard: DrawKeyboard(canvas, look.width, look.height, ink); return;

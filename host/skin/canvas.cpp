@@ -94,11 +94,14 @@ void Canvas::Cover(const Rect& bounds, COLORREF color, Inside inside) {
         for (int x = first(bounds.left + origin_.x); x < right; ++x) {
             int hits = 0;
             for (int i = 0; i < kSamples * kSamples; ++i) {
-                const Spot place{(x * kSamples + i % kSamples + 0.5) * step - origin_.x,
-                                 (y * kSamples + i / kSamples + 0.5) * step - origin_.y};
+                const int across = x * kSamples + i % kSamples;
+                const int down = y * kSamples + i / kSamples;
+                const Spot place{(across + 0.5) * step - origin_.x,
+                                 (down + 0.5) * step - origin_.y};
                 if (inside(place)) ++hits;
             }
-            if (hits > 0) Blend(static_cast<std::size_t>(y * width_ * scale_ + x), color, hits);
+            const int index = y * width_ * scale_ + x;
+            if (hits > 0) Blend(static_cast<std::size_t>(index), color, hits);
         }
     }
 }

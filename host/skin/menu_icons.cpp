@@ -95,9 +95,8 @@ constexpr Mark kQuickClose[] = {
 constexpr Mark kPlaceOrder[] = {
     {kLines, kInk, 10.75, 2, 14, 5.25, 5.5, 13.75, 2.25, 13.75, 2.25, 10.5, 10.75, 2},
     {kLines, kHot, 8.5, 4.25, 11.75, 7.5}};
-constexpr Mark kCancelOrder[] = {{kArc, kInk, 7.5, 7.5, 6, 0, 360},
-                                 {kLines, kHot, 5, 5, 10, 10},
-                                 {kLines, kHot, 10, 5, 5, 10}};
+constexpr Mark kCancelOrder[] = {
+    {kArc, kInk, 7.5, 7.5, 6, 0, 360}, {kLines, kHot, 5, 5, 10, 10}, {kLines, kHot, 10, 5, 5, 10}};
 constexpr Mark kContracts[] = {{kLines, kInk, 5.5, 3.5, 14.5, 3.5},
                                {kLines, kInk, 5.5, 8.5, 14.5, 8.5},
                                {kLines, kInk, 5.5, 13.5, 14.5, 13.5},

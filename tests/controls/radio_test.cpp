@@ -16,7 +16,6 @@ using platform::testing::Key;
 using platform::testing::MovePointer;
 using platform::testing::Press;
 using platform::testing::Pump;
-using platform::testing::PumpFor;
 using platform::testing::Release;
 using platform::testing::ScreenPoint;
 
