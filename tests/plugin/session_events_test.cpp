@@ -1,0 +1,179 @@
+#include "plugin/contract/core_access.h"
+#include "plugin/settings/process_values.h"
+#include "tests/plugin/shell_test.h"
+#include "tests/support/gbk_text.h"
+
+namespace {
+
+using SessionEvents = tests::ShellTest;
+
+TEST_F(SessionEvents, TellOfALostConnectionBeforeTheyEndTheSession) {
+    struct {
+        LPARAM status;
+        const char* effects;
+    } const cases[] = {
+        {-1,
+         "box \"黄金交易：联接断开了！\" \"提示a1\" information [确定] topmost; "
+         "Logout(); frame session lost(0, 4)"},
+        {-2,
+         "box \"黄金交易联：被服务器断开了！\" \"提示a1\" information [确定] topmost; "
+         "Logout(); frame session lost(0, 4)"},
+        {0, ""},
+        {-3, ""},
+        {1, ""},
+    };
+    for (const auto& one : cases) {
+        Send(EV_CONNECTION_LOST, one.status);
+        EXPECT_GBK_EQ(one.effects, TakeLog()) << one.status;
+    }
+}
+
+TEST_F(SessionEvents, AtALossResetPanelsAndLeaveFundsAndTickAlone) {
+    core.logged_in = true;
+    const CZebContract contract = AddContract("Au(T+D)", 12, 1);
+    CPanelTradeDlg& panel = AddPanel();
+    panel.BindContract(12, 1, &contract);
+    ASSERT_FALSE(ShowsLogin(panel));
+    g_dAvailable = 5;
+    g_dEquity = 6;
+    g_dwLastActivityTick = 7;
+    Send(EV_CONNECTION_LOST, -1);
+    EXPECT_TRUE(ShowsLogin(panel));
+    EXPECT_EQ(0U, panel.Packed());
+    EXPECT_EQ(5, g_dAvailable);
+    EXPECT_EQ(6, g_dEquity);
+    EXPECT_EQ(7U, g_dwLastActivityTick);
+}
+
+TEST_F(SessionEvents, WithoutAGrandparentTellNobodyOfALoss) {
+    ::SetParent(*shell, frame);
+    Send(EV_CONNECTION_LOST, -1);
+    EXPECT_EQ("Logout()", TakeLog({"Logout", "frame", "parent"}));
+}
+
+TEST_F(SessionEvents, LoadContractsThenSumPositionsThenTellTheHost) {
+    AddContract("Au(T+D)", 12, 1);
+    AddContract("Ag(T+D)", 12, 2);
+    Send(EV_CONTRACTS_READY);
+    EXPECT_EQ("GetContractList(count); GetContractList(read)", TakeLog({"GetContractList"}));
+    EXPECT_THAT(host.CallsOf("HOST_CONTRACTS_LOADED"),
+                testing::ElementsAre("HOST_CONTRACTS_LOADED(4, 0)"));
+    EXPECT_NE(nullptr, shell->BSBase().FindContractByCode("Ag(T+D)"));
+}
+
+TEST_F(SessionEvents, LeaveNoPageWithAContractOfAClearedTable) {
+    core.logged_in = true;
+    AddContract("Au(T+D)", 12, 1);
+    AddContract("Ag(T+D)", 12, 2);
+    Send(EV_CONTRACTS_READY);
+    CPanelTradeDlg& kept = AddPanel();
+    CPanelTradeDlg& gone = AddPanel();
+    shell->ChangeStk(12, 2, kept.GetSafeHwnd());
+    shell->ChangeStk(12, 1, gone.GetSafeHwnd());
+    ASSERT_STREQ("Au(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
+    core.contracts.erase(core.contracts.begin());
+    Send(EV_CONTRACTS_READY);
+    EXPECT_EQ(nullptr, shell->BSBase().OrderPage().Contract());
+    EXPECT_TRUE(::IsWindowEnabled(TicketButton(kept)));
+    EXPECT_FALSE(::IsWindowEnabled(TicketButton(gone)));
+    // Both know their market and code, so a contract that comes back finds its panel.
+    AddContract("Au(T+D)", 12, 1);
+    Send(EV_CONTRACTS_READY);
+    EXPECT_TRUE(::IsWindowEnabled(TicketButton(gone)));
+}
+
+TEST_F(SessionEvents, StartTradingInTwelveSteps) {
+    core.logged_in = true;
+    g_bNeedShowStopLossAndProfit = 1;
+    AddContract("Au(T+D)", 12, 1);
+    AddContract("Ag(T+D)", 12, 2);
+    core.banks.resize(1);
+    CPanelTradeDlg& panel = AddPanel();
+    core.logged_in = false;
+    panel.ShowLogin();
+    shell->ChangeStk(12, 2, panel.GetSafeHwnd());
+    core.logged_in = true;
+    Send(EV_CONTRACTS_READY);
+    log.clear();
+    core.on_call = [this, &panel](std::string_view line) {
+        const bool reads_orders = line == "GetOrderList(count)";
+        log.push_back(std::string(line) + (reads_orders && ShowsLogin(panel) ? " too early" : ""));
+    };
+
+    Send(EV_INITIAL_LOAD_DONE);
+
+    EXPECT_EQ(
+        "BeginTrading(); QueryInitial1(); QueryInitial2(); QueryInitial3(); "
+        "StartStopMonitor(); GetBankList(count); GetOrderList(count); GetOrderList(count); "
+        "NotifyInitDone(4); SendFunctionRequest(9336, \"\"); frame notice(1, 0); "
+        "frame notice(1, 0)",
+        TakeLog({"BeginTrading", "QueryInitial", "StartStop", "GetBankList(count",
+                 "GetOrderList(count", "NotifyInitDone", "SendFunction", "frame"}));
+    EXPECT_EQ(1U, g_dwLastActivityTick);
+    EXPECT_FALSE(ShowsLogin(panel));
+    EXPECT_EQ(12U | 2U << 16, panel.Packed());
+    EXPECT_STREQ("Ag(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
+}
+
+TEST_F(SessionEvents, StartTradingReadOrdersWithoutAnyPanel) {
+    Send(EV_INITIAL_LOAD_DONE);
+    EXPECT_EQ(
+        "BeginTrading(); QueryInitial1(); QueryInitial2(); QueryInitial3(); "
+        "GetOrderList(count); NotifyInitDone(4)",
+        TakeLog(
+            {"BeginTrading", "QueryInitial", "StartStop", "GetOrderList(count", "NotifyInitDone"}));
+}
+
+TEST_F(SessionEvents, ClearThePasswordsBeforeTheyTellOfTheChange) {
+    CChangePwdDlg& page = shell->ChangePwd();
+    const int fields[] = {CChangePwdDlg::kCurrentPassword, CChangePwdDlg::kNewPassword,
+                          CChangePwdDlg::kRepeatedPassword};
+    const auto fill = [&] {
+        for (const int field : fields) page.SetDlgItemText(field, "secret");
+    };
+    fill();
+    SendFailed(EV_PASSWORD_RESULT, TextBlock("no"));
+    for (const int field : fields) EXPECT_EQ("secret", TextOf(page, field));
+    std::string while_box_is_open = "no box";
+    on_box = [&] { while_box_is_open = TextOf(page, fields[0]) + TextOf(page, fields[2]); };
+    Send(EV_PASSWORD_RESULT, TextBlock("ok"));
+    EXPECT_EQ("", while_box_is_open);
+    for (const int field : fields) EXPECT_EQ("", TextOf(page, field));
+}
+
+TEST_F(SessionEvents, EndARefusedLogin) {
+    SendFailed(EV_NOTICE, TextBlock("账号已被锁定"));
+    EXPECT_GBK_EQ("box \"账号已被锁定\" \"登录失败\" plain [确定]; Logout()", TakeLog());
+}
+
+TEST_F(SessionEvents, ShowNoticesOfAnyLengthAndNoneThatIsEmpty) {
+    const std::string notice(4000, 'n');
+    Send(EV_SYSTEM_NOTICE, TextBlock(notice));
+    EXPECT_GBK_EQ("box \"" + notice + "\" \"交易通知\" plain [确定][退出]", TakeLog());
+    Send(EV_SYSTEM_NOTICE, TextBlock(""));
+    EXPECT_EQ("", TakeLog());
+    Send(EV_SYSTEM_NOTICE, Block("unfinished", 10));
+    EXPECT_GBK_EQ("box \"unfinished\" \"交易通知\" plain [确定][退出]", TakeLog());
+}
+
+TEST_F(SessionEvents, StopQuietlyWhenTheMainDialogGoesWhileABoxIsOpen) {
+    struct {
+        int code;
+        WORD failed;
+        LPARAM value;
+    } const cases[] = {
+        {EV_CONNECTION_LOST, 0, -1},
+        {EV_NOTICE, kCoreEventFailed, 0},
+        {EV_TRANSFER_KIND1_DONE, 0, 0},
+        {EV_PASSWORD_RESULT, 0, 0},
+    };
+    for (const auto& one : cases) {
+        on_box = [this] { shell.reset(); };
+        ::SendMessageA(*shell, WM_CORE_EVENT, MAKEWPARAM(one.code, one.failed), one.value);
+        on_box = nullptr;
+        ASSERT_EQ(nullptr, shell) << one.code;
+        MakeShell();
+    }
+}
+
+}  // namespace
