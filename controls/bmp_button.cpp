@@ -5,7 +5,7 @@
 #include "controls/templates.h"
 #include "platform/text/bounded_text.h"
 
-BEGIN_MESSAGE_MAP(CBmpButton, CTrackButton)
+BEGIN_MESSAGE_MAP(CBmpButton, CSkinButton)
     ON_WM_TIMER()
     ON_WM_DESTROY()
 END_MESSAGE_MAP()
@@ -20,17 +20,6 @@ constexpr DWORD kTipDelayMillis = 200;
 
 CBmpButton::CBmpButton() {
     m_font.CreateFont(13, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "宋体");
-}
-
-void CBmpButton::SetSkin(HBITMAP skin, int count, const int* table, BOOL resize) {
-    m_skin.Set(skin, count, table);
-    m_bColors = false;
-    if (!GetSafeHwnd()) return;
-    const CSize size = m_skin.PictureSize();
-    if (resize && size.cx > 0) {
-        SetWindowPos(nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    }
-    Invalidate(FALSE);
 }
 
 void CBmpButton::SetColors(const std::array<COLORREF, 4>& colors) {
@@ -49,7 +38,7 @@ void CBmpButton::PaintState(const CDC& dc, const CRect& client, int state) {
     if (m_bColors) {
         dc.FillSolidRect(client, m_crStates[static_cast<std::size_t>(state) % m_crStates.size()]);
     } else {
-        controls::PaintThreeParts(dc, client, m_skin, state);
+        CSkinButton::PaintState(dc, client, state);
     }
     const toolkit::ScopedSelect select(dc, m_font);
     controls::PaintCaption(dc, client, Caption(), TextColor(state));
@@ -89,5 +78,5 @@ void CBmpButton::OnTimer(UINT_PTR id) {
 
 void CBmpButton::OnDestroy() {
     if (m_tip.GetSafeHwnd()) m_tip.DestroyWindow();
-    CTrackButton::OnDestroy();
+    CSkinButton::OnDestroy();
 }

@@ -2,19 +2,15 @@
 
 #include <array>
 
-#include "controls/skin_paint.h"
+#include "controls/skin_button.h"
 #include "controls/tool_tip.h"
-#include "controls/track_button.h"
 
 /// A button from a skin: pictures stretched in three parts, or plain colours, with a caption and a
 /// tip that comes when the pointer rests.
-class CBmpButton : public CTrackButton {
+class CBmpButton : public CSkinButton {
 public:
     CBmpButton();
 
-    /// `count` pictures side by side, and for each state the number of its picture. With `resize`
-    /// the window takes the size of one picture.
-    void SetSkin(HBITMAP skin, int count, const int* table, BOOL resize);
     /// One ground colour for each state, in place of pictures.
     void SetColors(const std::array<COLORREF, 4>& colors);
     void SetTextColor(COLORREF color) { m_crText = color; }
@@ -40,7 +36,6 @@ private:
     char m_szTip[128] = {};
     DWORD m_dwLastMove = 0;
     CPoint m_ptLast{-1, -1};
-    StateSkin m_skin;
     bool m_bColors = false;
     std::array<COLORREF, 4> m_crStates{};
     CFont m_font;

@@ -56,6 +56,10 @@ inline constexpr UINT WM_PRICE_ROW_CHOSEN = 0x2B14;
 /// edit that it serves. The keyboard's Enter key posts it to the edit's parent.
 inline constexpr UINT WM_KEYBOARD_READ = 0x2B19;
 
+/// Let a latched ratio button go. A page to its CRatioButton; the number is also WM_KEYBOARD_READ's,
+/// which only edits and their dialogs get.
+inline constexpr UINT WM_UNLATCH_RATIO = 0x2B19;
+
 enum FrameNotice : WPARAM {
     kFrameReady = 1,         ///< initial load is done, or the order page changed its contract
     kFrameLoginWanted = 77,  ///< a click on a panel's login link

@@ -1,0 +1,42 @@
+#include "controls/odd_button.h"
+
+BEGIN_MESSAGE_MAP(COddButton, CTrackButton)
+    ON_WM_GETDLGCODE()
+    ON_MESSAGE(BM_SETSTYLE, &COddButton::OnSetStyle)
+END_MESSAGE_MAP()
+
+namespace {
+
+constexpr WPARAM kTypeBits = 0xF;
+
+}  // namespace
+
+void COddButton::PreSubclassWindow() {
+    m_nType = GetStyle() & static_cast<DWORD>(kTypeBits);
+    m_bDefault = m_nType == BS_DEFPUSHBUTTON;
+    m_bCanDefault = m_nType == BS_PUSHBUTTON || m_nType == BS_DEFPUSHBUTTON;
+    CTrackButton::PreSubclassWindow();
+}
+
+// The dialog moves the default from button to button by style; taken as it comes, it would make
+// the button draw itself.
+LRESULT COddButton::OnSetStyle(WPARAM style, LPARAM redraw) {
+    const WPARAM type = style & kTypeBits;
+    if (type == BS_DEFPUSHBUTTON) m_bDefault = true;
+    if (type == BS_PUSHBUTTON) m_bDefault = false;
+    return DefWindowProc(BM_SETSTYLE, (style & ~kTypeBits) | BS_OWNERDRAW, redraw);
+}
+
+UINT COddButton::OnGetDlgCode() {
+    if (m_nType == BS_GROUPBOX) return DLGC_STATIC;
+    UINT code = static_cast<UINT>(Default());
+    if (m_bDefault) code |= DLGC_DEFPUSHBUTTON;
+    if (m_bCanDefault && !m_bDefault) code |= DLGC_UNDEFPUSHBUTTON;
+    if (m_nType == BS_RADIOBUTTON || m_nType == BS_AUTORADIOBUTTON) code |= DLGC_RADIOBUTTON;
+    return code;
+}
+
+void COddButton::PaintState(const CDC& dc, const CRect& client, int state) {
+    controls::PaintCaption(dc, client, Caption(),
+                           GetSysColor(state == kDisabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
+}

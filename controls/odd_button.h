@@ -1,0 +1,22 @@
+#pragma once
+
+#include "controls/track_button.h"
+
+/// An owner-drawn button that still plays its part among a dialog's buttons: the dialog may make it
+/// the default one, and it answers for the type it had before it became owner-drawn.
+class COddButton : public CTrackButton {
+protected:
+    /// Without a face of its own: the caption on the parent's ground.
+    void PaintState(const CDC& dc, const CRect& client, int state) override;
+    void PreSubclassWindow() override;
+    bool IsDefault() const { return m_bDefault; }
+
+    UINT OnGetDlgCode();
+    LRESULT OnSetStyle(WPARAM style, LPARAM redraw);
+    DECLARE_MESSAGE_MAP()
+
+private:
+    DWORD m_nType = BS_PUSHBUTTON;  ///< before it became owner-drawn
+    bool m_bDefault = false;
+    bool m_bCanDefault = false;
+};
