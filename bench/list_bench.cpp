@@ -39,6 +39,7 @@ const std::vector<Record>& Records() {
     static const std::vector<Record> records = [] {
         static const char* const kContracts[] = {"Au(T+D)", "Ag(T+D)", "mAu(T+D)", "Au99.99"};
         std::vector<Record> made;
+        made.reserve(kRows);
         for (int row = 0; row < kRows; ++row) {
             made.push_back({kContracts[row % 4], row % 2 == 0, 240 + row % 400 * 1.37,
                             row % 300 * 13 + 1, (row % 100 - 10) * 123.45, row * 7 % 86400});

@@ -90,13 +90,12 @@ void CListGrid::MakeBodyBitmap() {
 
 int CListGrid::PixelWidth(int column) const {
     const int width = widths.GetData()[column];
-    return nWidthMode == kPercent ? static_cast<int>(width * ViewWidth() / 100.0 + 0.5) : width;
+    return nWidthMode == kPercent ? (width * ViewWidth() + 50) / 100 : width;
 }
 
 void CListGrid::SetPixelWidth(int column, int width) {
     const bool percent = nWidthMode == kPercent && ViewWidth() > 0;
-    widths.GetData()[column] =
-        percent ? static_cast<int>(width * 100.0 / ViewWidth() + 0.5) : width;
+    widths.GetData()[column] = percent ? (width * 100 + ViewWidth() / 2) / ViewWidth() : width;
 }
 
 int CListGrid::LeftOf(int column) const {

@@ -130,7 +130,9 @@ void COwerDrawListView::OnKeyDown(UINT key, UINT, UINT flags) {
 void COwerDrawListView::SelectByKey(int row) {
     const bool moved = row != m_pGrid->nSelected;
     m_pGrid->nSelected = row;
-    const int first = m_pGrid->nScrollY / m_pGrid->nRowHeight;
+    // A row that is cut off at the top is not in view.
+    const int height = m_pGrid->nRowHeight;
+    const int first = m_pGrid->nScrollY / height + (m_pGrid->nScrollY % height != 0 ? 1 : 0);
     const int target = list_scroll::FirstToShow(row, first, m_pGrid->RowsInView());
     if (target != first) {
         ScrollTo(SB_VERT, target);

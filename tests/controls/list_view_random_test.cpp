@@ -1,6 +1,5 @@
 // A day of use in a moment: whatever is done to a list, it keeps its promises to its owner.
 
-#include <algorithm>
 #include <random>
 #include <string>
 
@@ -160,13 +159,16 @@ private:
         ASSERT_GE(grid.nRowCount, 0);
         ASSERT_GE(grid.nScrollY, 0);
         ASSERT_GE(grid.nScrollX, 0);
-        ASSERT_LE(grid.nScrollX, std::max(grid.TotalWidth(), 0));
         ASSERT_GE(list_.GetSelectedRow(), -1);
         ASSERT_LE(list_.GetSelectedRow(), kMostRows);
         ASSERT_TRUE(!grid.bResizing || ::GetCapture() == list_.m_hWnd) << "nothing ends the drag";
         ASSERT_TRUE(!list_.IsEditing() || ::GetFocus() == list_.m_edit.m_hWnd) << "left open";
         ASSERT_EQ(misses_, 0) << "a cell that is not there was to be painted";
-        if (grid.nScrollX < grid.TotalWidth()) {
+        CRect client;
+        list_.GetClientRect(&client);
+        if (!client.IsRectEmpty()) {
+            // An empty window keeps its bars until it has room again.
+            ASSERT_LE(grid.nScrollX, grid.TotalWidth());
             ASSERT_EQ(::GetScrollPos(list_, SB_HORZ), grid.nScrollX);
         }
         heard_ += parent_.events.size();

@@ -224,6 +224,16 @@ TEST_F(ListViewTest, KeysMoveTheSelectionAndTellTheRow) {
     EXPECT_EQ(Heard(), "");
 }
 
+TEST_F(ListViewTest, AKeyShowsARowThatIsCutOffWhole) {
+    MakeVirtual(30);
+    list_.ResetScrollY(30);
+    list_.m_pGrid->nSelected = 2;
+    list_.SetFocus();
+    Key(VK_UP);
+    EXPECT_EQ(list_.GetSelectedRow(), 1);
+    EXPECT_EQ(Grid().nScrollY, kRowHeight);
+}
+
 TEST_F(ListViewTest, KeysBringAListOfItsOwnRowsIntoView) {
     MakeStored(20);
     list_.SetFocus();
