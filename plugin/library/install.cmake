@@ -26,7 +26,10 @@ if(NOT WIN32)
     COMPONENT QmGoldTradeUI FILES_MATCHING PATTERN *.h PATTERN winbase_hooks.h EXCLUDE)
   set_target_properties(wintoolkit winbase present_sdl PROPERTIES INSTALL_RPATH "$ORIGIN")
 endif()
-install(TARGETS ${libraries} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT QmGoldTradeUI)
+install(TARGETS ${libraries}
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT QmGoldTradeUI
+  LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT QmGoldTradeUI
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT QmGoldTradeUI)
 
 configure_package_config_file(package.cmake.in ${CMAKE_CURRENT_BINARY_DIR}/QmGoldTradeUIConfig.cmake
   INSTALL_DESTINATION ${package_folder} PATH_VARS header_folder CMAKE_INSTALL_LIBDIR
