@@ -39,12 +39,13 @@ inline constexpr int kReportMarginCall = 900;
 /// The trading core, as the front end sees it. The host makes it, hands it in and outlives the
 /// front end with it; nobody deletes it through this class.
 ///
-/// Called from the windows' thread only, but for IsLoggedIn, which any thread may ask. Requests
-/// return at once; where an answer is named, it comes through that operation of CBaseUI, perhaps on
-/// another thread. Lists are read in two steps: with (nullptr, 0) an operation tells how many
-/// records there are, with a buffer and its capacity it fills the buffer and tells how many it
-/// wrote, which may be fewer. Truth values are ints. The order of the operations is the interface:
-/// append, never insert.
+/// Called from the windows' thread only, but for IsLoggedIn, which any thread may ask, and for
+/// StartSession and ShowLoginProgress, which OnLoginPrompt and OnQuerySettleResult of CBaseUI call
+/// on the thread that they were called on. Requests return at once; where an answer is named, it
+/// comes through that operation of CBaseUI, perhaps on another thread. Lists are read in two steps:
+/// with (nullptr, 0) an operation tells how many records there are, with a buffer and its capacity
+/// it fills the buffer and tells how many it wrote, which may be fewer. Truth values are ints. The
+/// order of the operations is the interface: append, never insert.
 class CUICallBack {
 public:
     /// A bitmap of the host's skin; it stays the host's.
