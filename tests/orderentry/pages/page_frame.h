@@ -41,6 +41,7 @@ class PageTest : public ::testing::Test {
 protected:
     PageTest() {
         platform::testing::RememberTexts();
+        platform::testing::StopClock();
         platform::testing::MovePointer({1200, 780});
         page_.CreateEx(WS_EX_CONTROLPARENT, AfxRegisterWndClass(0), "", WS_POPUP | WS_VISIBLE,
                        CRect(100, 100, 500, 400), nullptr, 0);
