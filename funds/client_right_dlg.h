@@ -1,11 +1,12 @@
 #pragma once
 
+#include "controls/templates.h"
 #include "platform/toolkit/toolkit.h"
 
 /// The line of a panel that shows available funds and open profit.
 class CClientRightDlg : public CDialog {
 public:
-    static constexpr UINT IDD = 10008;
+    static constexpr UINT IDD = controls::kEmptyDialog;
 
     void ShowFunds(double available, double open_profit);
 

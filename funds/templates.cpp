@@ -32,7 +32,7 @@ constexpr DWORD kHiddenButton = BS_PUSHBUTTON | WS_TABSTOP;
 constexpr DialogControl kTranAccountControls[] = {
     Label(Child::kBankLabel, "转账银行：", Pixels(24, 22, 64, 16), SS_RIGHT),
     DropDown(Child::kBank, Pixels(92, 16, 200, 200)),
-    PushButton(Child::kQueryTransfers, "查  询", Pixels(300, 16, 72, 24)),
+    Control(Child::kQueryTransfers, "Button", "查  询", kHiddenButton, Pixels(300, 16, 72, 24)),
     Label(Child::kDirectionLabel, "转帐方向：", Pixels(24, 54, 64, 16), SS_RIGHT),
     DropDown(Child::kDirection, Pixels(92, 48, 200, 160)),
     Label(Child::kFundPasswordLabel, "资金密码：", Pixels(24, 86, 64, 16), SS_RIGHT),

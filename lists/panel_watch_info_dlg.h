@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/templates.h"
 #include "platform/toolkit/toolkit.h"
 #include "plugin/contract/earray.h"
 #include "plugin/contract/market_records.h"
@@ -9,7 +10,7 @@
 /// The lower part of a panel: one position and one order of its contract at a time.
 class CPanelWatchInfoDlg : public CDialog {
 public:
-    static constexpr UINT IDD = 10008;
+    static constexpr UINT IDD = controls::kEmptyDialog;
     static constexpr int kCancel = 10008;
 
     /// Who gets what the user does with positions.

@@ -15,6 +15,17 @@ constexpr int kStopWidth = 70;
 constexpr int kChoiceHeight = 18;
 constexpr int kChoicePitch = 50;
 
+struct TextColor {
+    int id;
+    COLORREF color;
+};
+constexpr TextColor kChoiceColors[] = {
+    {CGoldBsDlg::kBuy, 0x0000FF},
+    {CGoldBsDlg::kSell, 0x019300},
+    {CGoldBsDlg::kOpen, 0x545454},
+    {CGoldBsDlg::kClose, 0xC46D2D},
+};
+
 std::string CodeOf(const CZebContract& contract) {
     return std::string(text::FieldText(contract.szContract));
 }
@@ -34,8 +45,22 @@ void CGoldBsDlg::Connect(const ReportPane* report, StopCheckListener* listener) 
     m_pStopListener = listener;
 }
 
+void CGoldBsDlg::DoDataExchange(CDataExchange* exchange) {
+    CDialog::DoDataExchange(exchange);
+    DDX_Control(exchange, kBuy, m_buy);
+    DDX_Control(exchange, kSell, m_sell);
+    DDX_Control(exchange, kOpen, m_open);
+    DDX_Control(exchange, kClose, m_close);
+    DDX_Control(exchange, kNet, m_net);
+    DDX_Control(exchange, kStops, m_stops);
+    DDX_Control(exchange, kAutoStop, m_autoStop);
+}
+
 BOOL CGoldBsDlg::OnInitDialog() {
     CDialog::OnInitDialog();
+    m_buy.SetChecked(TRUE);
+    m_open.SetChecked(TRUE);
+    m_stops.ShowWindow(g_bNeedShowStopLossAndProfit == 1 ? SW_SHOW : SW_HIDE);
     LayOut();
     return TRUE;
 }
@@ -137,5 +162,8 @@ BOOL CGoldBsDlg::OnEraseBkgnd(CDC* dc) {
 
 HBRUSH CGoldBsDlg::OnCtlColor(CDC* dc, CWnd* control, UINT kind) {
     const HBRUSH ground = PageGroundBrush(dc, kind);
+    for (const TextColor& choice : kChoiceColors) {
+        if (control->GetDlgCtrlID() == choice.id) dc->SetTextColor(choice.color);
+    }
     return ground != nullptr ? ground : CDialog::OnCtlColor(dc, control, kind);
 }

@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "controls/ower_check_box.h"
 #include "orderentry/report_pane.h"
 #include "orderentry/stop_check_listener.h"
 #include "platform/toolkit/toolkit.h"
@@ -65,6 +66,7 @@ public:
     void OnMousePress(CPoint screen);
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
     BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
@@ -92,4 +94,11 @@ private:
     int m_nLinkedPosition = 0;  ///< the lot that the page was loaded from, 0 for none
     bool m_bHostDriven = false;
     std::vector<int> m_vecCodeLength;
+    COwerRadio m_buy;
+    COwerRadio m_sell;
+    COwerRadio m_open;
+    COwerRadio m_close;
+    COwerCheckBox m_net;
+    COwerCheckBox m_stops;
+    COwerCheckBox m_autoStop;
 };

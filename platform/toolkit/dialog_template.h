@@ -29,10 +29,14 @@ constexpr short Units(int pixels) {
     return static_cast<short>((pixels * 4 + (pixels < 0 ? -3 : 3)) / 6);
 }
 
-/// A placement thought of in pixels. Edges that meet there meet here too.
+/// A placement thought of in pixels. What stands side by side there does so here, a pixel apart at
+/// most.
 constexpr Placement Pixels(int x, int y, int width, int height) {
+    // An odd number of units is half a pixel too long; two of them would reach the neighbour.
     const auto between = [](int from, int to) {
-        return static_cast<short>(Units(to) - Units(from));
+        const int units = Units(to) - Units(from);
+        const bool both_odd = Units(from) % 2 != 0 && units % 2 != 0;
+        return static_cast<short>(both_odd ? units - 1 : units);
     };
     return {Units(x), Units(y), between(x, x + width), between(y, y + height)};
 }
