@@ -45,11 +45,11 @@ BEGIN_MESSAGE_MAP(COwerDrawListView, CWnd)
     ON_WM_TIMER()
 END_MESSAGE_MAP()
 
-COwerDrawListView::COwerDrawListView() { RegisterClass(); }
+COwerDrawListView::COwerDrawListView() { RegisterWindowClass(); }
 
 COwerDrawListView::~COwerDrawListView() { DestroyWindow(); }
 
-void COwerDrawListView::RegisterClass() {
+void COwerDrawListView::RegisterWindowClass() {
     WNDCLASSA window_class{};
     const HINSTANCE instance = AfxGetInstanceHandle();
     if (::GetClassInfoA(instance, kClassName, &window_class)) return;

@@ -126,7 +126,7 @@ protected:
 private:
     using CWnd::Create;
 
-    static void RegisterClass();
+    static void RegisterWindowClass();
     static void DrawHeaderCell(HDC dc, HDC spare, int column, RECT* rect, COwerDrawListView* owner);
     static void DrawBodyCell(HDC dc, bool first_column, int row, int column, RECT* rect,
                              COwerDrawListView* owner);
