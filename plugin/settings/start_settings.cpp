@@ -38,6 +38,7 @@ void ReadProductFactors() {
 void ReadContractMargins() {
     const CIniFile file(kMarginFile);
     for (const std::string& contract : file.GetSectionKeys(kMarginSection)) {
+        if (g_mapContractMargin.contains(contract)) continue;
         const std::string value = file.GetValue(contract, kMarginSection);
         g_mapContractMargin[contract] = std::atof(value.c_str());
     }
