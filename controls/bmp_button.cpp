@@ -49,11 +49,13 @@ void CBmpButton::OnHover(CPoint point) {
     m_ptLast = point;
     m_tip.Hide();
     m_dwLastMove = ::GetTickCount();
-    SetTimer(kTipTimer, kTipTimerMillis, nullptr);
+    if (m_bTipTimer) return;
+    m_bTipTimer = SetTimer(kTipTimer, kTipTimerMillis, nullptr) != 0;
 }
 
 void CBmpButton::StopTip() {
     KillTimer(kTipTimer);
+    m_bTipTimer = false;
     m_tip.Hide();
 }
 

@@ -34,6 +34,7 @@ private:
 
     CToolTip m_tip;
     char m_szTip[128] = {};
+    bool m_bTipTimer = false;
     DWORD m_dwLastMove = 0;
     CPoint m_ptLast{-1, -1};
     bool m_bColors = false;

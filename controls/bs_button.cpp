@@ -43,8 +43,6 @@ COLORREF controls::DisabledOn(COLORREF ground) {
                DisabledPart(GetBValue(ground)));
 }
 
-CBSButton::CBSButton() = default;
-
 void CBSButton::SetPrice(const char* text, COLORREF color) {
     const std::string price = text ? text : "";
     if (price == m_strPrice && color == m_crPrice) return;
@@ -54,7 +52,9 @@ void CBSButton::SetPrice(const char* text, COLORREF color) {
 }
 
 void CBSButton::SetInert(bool inert) {
-    if (inert != (State() == kInert)) ChangeState(inert ? kInert : kNormal);
+    if (inert == (State() == kInert)) return;
+    ChangeState(inert ? kInert : kNormal);
+    if (inert && GetSafeHwnd() && ::GetCapture() == m_hWnd) ::ReleaseCapture();
 }
 
 bool CBSButton::IsBuy() const { return Caption().find("买") != std::string::npos; }
@@ -86,7 +86,7 @@ void CBSButton::OnMouseMove(UINT flags, CPoint point) {
     CRect client;
     GetClientRect(&client);
     const bool inside = client.PtInRect(point) != FALSE;
-    if (!inside && ::GetCapture() == m_hWnd && State() != kPressed) {
+    if (!inside && ::GetCapture() == m_hWnd) {
         ::ReleaseCapture();
         OnMouseLeave(0, 0);
         return;

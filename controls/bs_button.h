@@ -8,8 +8,6 @@
 /// the button holds the mouse, so that it notices at once when the pointer has gone.
 class CBSButton : public CSkinButton {
 public:
-    CBSButton();
-
     /// Where in the skin the colour stands from which that of disabled texts is made.
     void SetColorPoint(CPoint point) { m_ptColor = point; }
     /// The lower line and its colour.

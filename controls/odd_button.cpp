@@ -11,10 +11,20 @@ constexpr WPARAM kTypeBits = 0xF;
 
 }  // namespace
 
-void COddButton::PreSubclassWindow() {
-    m_nType = GetStyle() & static_cast<DWORD>(kTypeBits);
+BOOL COddButton::Create(LPCSTR text, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
+    TakeType(style);
+    return CTrackButton::Create(text, style, rect, parent, id);
+}
+
+void COddButton::TakeType(DWORD style) {
+    m_nType = style & static_cast<DWORD>(kTypeBits);
     m_bDefault = m_nType == BS_DEFPUSHBUTTON;
     m_bCanDefault = m_nType == BS_PUSHBUTTON || m_nType == BS_DEFPUSHBUTTON;
+}
+
+void COddButton::PreSubclassWindow() {
+    const DWORD type = GetStyle() & static_cast<DWORD>(kTypeBits);
+    if (type != BS_OWNERDRAW) TakeType(type);
     CTrackButton::PreSubclassWindow();
 }
 

@@ -15,6 +15,7 @@ protected:
     bool FocusOnPress() const override { return true; }
     /// Pressed it stays pressed.
     void ChangeState(int state) override;
+    void EndPress() override { CTrackButton::ChangeState(kNormal); }
 
     LRESULT OnUnlatch(WPARAM, LPARAM);
     DECLARE_MESSAGE_MAP()

@@ -45,12 +45,12 @@ void CRvMsgrBtn::PaintState(const CDC& dc, const CRect& client, int state) {
         Line(dc, face.left, y, face.right, RGB(shade, shade, shade));
         shade = std::max(shade - kFaceStep, kFaceEnd);
     }
-    if (state != kPressed) {
+    if (state == kNormal || state == kHover) {
         int y = face.top;
         for (const COLORREF highlight : kHighlights)
             Line(dc, face.left, y++, face.right, highlight);
     }
-    if (m_bHot && state != kDisabled) {
+    if (state == kHover || (m_bHot && state == kNormal)) {
         for (const COLORREF frame : kHotFrames) {
             Frame(dc, face, frame);
             face.DeflateRect(1, 1);

@@ -42,6 +42,8 @@ void controls::PaintThreeParts(const CDC& dc, const CRect& rect, const StateSkin
     source.CreateCompatibleDC(&dc);
     const toolkit::ScopedSelect select(source, skin.bitmap);
     const int height = picture.Height();
+    // Shrunk pictures leave columns out; the default mode would mix them darker.
+    ::SetStretchBltMode(dc, COLORONCOLOR);
     const auto copy = [&](int left, int width, int from, int from_width) {
         if (width > 0 && from_width > 0) {
             dc.StretchBlt(left, rect.top, width, rect.Height(), &source, from, 0, from_width,

@@ -62,6 +62,8 @@ void CTabSet::RemoveTab(int index) {
     ButtonInfo* const tabs = m_tabs.GetData();
     std::copy(tabs + index + 1, tabs + count, tabs + index);
     m_tabs.SetSize(count - 1);
+    // The selection stays with its tab; that of the removed one goes to its successor.
+    if (index < m_nCurSel || m_nCurSel == count - 1) m_nCurSel = std::max(m_nCurSel - 1, 0);
     if (GetSafeHwnd()) Invalidate();
 }
 

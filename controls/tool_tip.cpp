@@ -46,7 +46,7 @@ CToolTip::~CToolTip() {
 }
 
 BOOL CToolTip::Create(UINT template_id, CWnd* parent) {
-    if (!m_hNotify && parent) m_hNotify = parent->GetSafeHwnd();
+    m_hParent = parent ? parent->GetSafeHwnd() : nullptr;
     return CDialog::Create(template_id, parent);
 }
 
@@ -54,6 +54,7 @@ BOOL CToolTip::Create(UINT template_id, CWnd* parent) {
 BOOL CToolTip::OnInitDialog() {
     CDialog::OnInitDialog();
     ModifyStyle(WS_CHILD, WS_POPUP);
+    ::SetWindowLongA(m_hWnd, GWL_EXSTYLE, ::GetWindowLongA(m_hWnd, GWL_EXSTYLE) | WS_EX_TOOLWINDOW);
     ::SetParent(m_hWnd, nullptr);
     return FALSE;
 }
@@ -234,7 +235,7 @@ void CToolTip::OnMove(CPoint point) {
 void CToolTip::OnPress() {
     if (m_nHot < 0 || m_nHot >= static_cast<int>(m_items.size())) return;
     const int id = m_items[static_cast<std::size_t>(m_nHot)].nID;
-    ::PostMessageA(m_hNotify, WM_USER + 1, 0, id);
+    ::PostMessageA(m_hNotify ? m_hNotify : m_hParent, WM_USER + 1, 0, id);
     Hide();
 }
 

@@ -66,7 +66,8 @@ private:
 
     unsigned char m_bHideOnMove = 1;
     unsigned char m_bTracking = 0;
-    HWND m_hNotify = nullptr;
+    HWND m_hNotify = nullptr;  ///< null for the parent
+    HWND m_hParent = nullptr;  ///< the popup itself has none
     int m_nHot = 0;
     std::array<char, kTextSize> m_szText{};
     CFont m_font;

@@ -18,6 +18,7 @@ namespace {
 
 constexpr DWORD kTypeBits = 0xF;
 constexpr UINT kFocusBit = 8;
+constexpr LPARAM kRepeated = 1 << 30;  ///< of a key's message: it was down before
 
 }  // namespace
 
@@ -46,8 +47,15 @@ void CTrackButton::ChangeState(int state) {
 
 int CTrackButton::ShownState() const {
     if (!IsWindowEnabled()) return kDisabled;
-    const bool settled = m_nState == kPressed || m_nState == kDisabled || m_nState == kInert;
-    return !settled && (GetState() & kFocusBit) != 0 ? kHover : m_nState;
+    if (m_nState == kPressed || m_nState == kDisabled) return m_nState;
+    return IsDefault() || (GetState() & kFocusBit) != 0 ? kHover : m_nState;
+}
+
+BOOL CTrackButton::PreTranslateMessage(MSG* message) {
+    const bool presses = message->wParam == VK_RETURN || message->wParam == VK_SPACE;
+    const bool repeated = (message->lParam & kRepeated) != 0;
+    if (message->message == WM_KEYDOWN && presses && repeated) return TRUE;
+    return CButton::PreTranslateMessage(message);
 }
 
 void CTrackButton::DrawItem(LPDRAWITEMSTRUCT item) {
@@ -82,6 +90,7 @@ void CTrackButton::OnMouseMove(UINT, CPoint point) {
 void CTrackButton::OnLButtonDown(UINT, CPoint) {
     if (m_nState == kInert) return;
     if (FocusOnPress() && ::GetFocus() != m_hWnd) SetFocus();
+    m_bPressing = true;
     ChangeState(kPressed);
     Default();
 }
@@ -91,9 +100,16 @@ void CTrackButton::OnLButtonDblClk(UINT flags, CPoint point) {
     SendMessage(WM_LBUTTONDOWN, flags, MAKELPARAM(point.x, point.y));
 }
 
-void CTrackButton::OnLButtonUp(UINT, CPoint) {
+void CTrackButton::OnLButtonUp(UINT, CPoint point) {
     if (m_nState == kInert) return;
-    ChangeState(kNormal);
+    m_bPressing = false;
+    CRect client;
+    GetClientRect(&client);
+    if (client.PtInRect(point)) {
+        ChangeState(kNormal);
+    } else {
+        EndPress();
+    }
     // The click is sent from in there, and may end the window.
     Default();
 }
@@ -103,9 +119,14 @@ void CTrackButton::OnKillFocus(CWnd*) {
     if (m_nState != kInert) ChangeState(kNormal);
 }
 
-void CTrackButton::OnEnable(BOOL) {
+void CTrackButton::OnEnable(BOOL enable) {
     Default();
-    Invalidate(FALSE);
+    if (enable) {
+        Invalidate(FALSE);
+        return;
+    }
+    if (::GetCapture() == m_hWnd) ::ReleaseCapture();
+    OnMouseLeave(0, 0);
 }
 
 LRESULT CTrackButton::OnMouseLeave(WPARAM, LPARAM) {
@@ -115,8 +136,12 @@ LRESULT CTrackButton::OnMouseLeave(WPARAM, LPARAM) {
     return 0;
 }
 
-LRESULT CTrackButton::OnCaptureChanged(WPARAM, LPARAM) {
-    if (m_nState == kPressed) ChangeState(kNormal);
+// A press of a button that holds the mouse already announces itself as a loss to the same window.
+LRESULT CTrackButton::OnCaptureChanged(WPARAM, LPARAM winner) {
+    if (m_bPressing && reinterpret_cast<HWND>(winner) != m_hWnd) {
+        m_bPressing = false;
+        EndPress();
+    }
     return Default();
 }
 

@@ -17,6 +17,8 @@ public:
 
     int State() const { return m_nState; }
     void DrawItem(LPDRAWITEMSTRUCT item) override;
+    /// A key that is held down presses once.
+    BOOL PreTranslateMessage(MSG* message) override;
 
 protected:
     using CWnd::Create;
@@ -31,7 +33,10 @@ protected:
     virtual void OnUnhover() {}
 
     virtual void ChangeState(int state);
-    bool IsOver() const { return m_bOverButton; }
+    /// A press has ended without a click.
+    virtual void EndPress() { ChangeState(kNormal); }
+    /// Would Enter press it, wherever the focus is?
+    virtual bool IsDefault() const { return false; }
     std::string Caption() const;
     void PreSubclassWindow() override;
 
@@ -50,6 +55,7 @@ private:
     int ShownState() const;
 
     int m_nState = kNormal;
+    bool m_bPressing = false;    ///< by the mouse, which has not been let go yet
     bool m_bOverButton = false;  ///< leaving is being watched
 };
 

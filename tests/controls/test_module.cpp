@@ -1,0 +1,11 @@
+#include "controls/templates.h"
+
+namespace {
+
+const toolkit::TemplateTable kTables[] = {controls::kTemplates};
+
+CWinApp app;
+
+}  // namespace
+
+IMPLEMENT_MODULE(app, kTables)
