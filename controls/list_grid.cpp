@@ -85,7 +85,7 @@ void CListGrid::MakeHeaderBitmap() {
 }
 
 void CListGrid::MakeBodyBitmap() {
-    Replace(hBodyDC, hBodyBmp, hOldBodyBmp, hTargetDC, ViewWidth(), nRowHeight + 1);
+    Replace(hBodyDC, hBodyBmp, hOldBodyBmp, hTargetDC, ViewWidth(), nRowHeight);
 }
 
 int CListGrid::PixelWidth(int column) const {
@@ -217,9 +217,9 @@ void CListGrid::PaintBody() {
     if (rest.top < rest.bottom) ::FillRect(hTargetDC, &rest, WhiteBrush());
 }
 
-// The strip's first line is the one above the row, which the row before has copied already.
+// The line above the row belongs to its cells as well, but the row before has drawn it.
 void CListGrid::PaintRow(int row, int y, HBRUSH grid) {
-    const RECT strip{rcView.left, y - 1, rcView.right, y + nRowHeight};
+    const RECT strip{rcView.left, y, rcView.right, y + nRowHeight};
     ::SetViewportOrgEx(hBodyDC, -rcView.left, -strip.top, nullptr);
     ::FillRect(hBodyDC, &strip, WhiteBrush());
     const int right = pfnDrawHeader != nullptr ? RowRight() : static_cast<int>(rcView.right);
@@ -228,7 +228,7 @@ void CListGrid::PaintRow(int row, int y, HBRUSH grid) {
     }
     int x = RowLeft();
     for (int column = 0; column < ColumnCount() && x < ViewWidth(); ++column) {
-        RECT rect{x, strip.top, x + PixelWidth(column), strip.bottom};
+        RECT rect{x, y - 1, x + PixelWidth(column), strip.bottom};
         x = rect.right;
         if (rect.right < 0 || pfnDrawItem == nullptr) continue;
         pfnDrawItem(hBodyDC, column == 0, row, column, &rect, pOwner);
@@ -247,7 +247,6 @@ void CListGrid::FrameCells(int top, int bottom, HBRUSH grid) const {
         x += PixelWidth(column);
         fill({x - 1, top, x, bottom});
     }
-    fill({RowLeft() - 1, top, x, top + 1});
     fill({RowLeft() - 1, bottom - 1, x, bottom});
 }
 
