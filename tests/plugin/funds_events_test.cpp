@@ -27,7 +27,8 @@ TEST_F(FundsEvents, ShowTheServersFiguresEverywhere) {
     shell->Positions().m_dProfitOpen = 55;
     shell->Positions().m_dProfitHold = -100;
     shell->ShowPage(4, SW_SHOW);
-    CPanelTradeDlg& panel = AddPanel();
+    AddPanel("a");
+    AddPanel("b");
     log.clear();
     Send(EV_ACCOUNT_RESULT, Summary());
     EXPECT_EQ(90000.5, g_dAvailable);
@@ -36,14 +37,18 @@ TEST_F(FundsEvents, ShowTheServersFiguresEverywhere) {
     EXPECT_NE(std::string::npos,
               page.find("可用资金:        90000.50        开仓盈亏:           55.00"));
     EXPECT_EQ("90000.50", TextOf(Bank(), CTranAccountChildDlg::kGoldFunds));
-    EXPECT_EQ("ReportSettlementText(4, 900, \"--\")", TakeLog());
-    EXPECT_NE(nullptr, panel.GetSafeHwnd());
+    EXPECT_EQ(
+        "a funds 90000.50 55.00; b funds 90000.50 55.00; "
+        "ReportSettlementText(4, 900, \"--\")",
+        TakeLog());
 }
 
 TEST_F(FundsEvents, WorkTheFiguresOutAndTellTheHostBeforeTheReport) {
     g_nUseProfile = 1;
     shell->Positions().m_dProfitOpen = 55;
     shell->Positions().m_dProfitHold = -100;
+    AddPanel("a");
+    log.clear();
     Send(EV_ACCOUNT_RESULT, Summary());
     EXPECT_EQ(90000.5, g_dAvailable);
     EXPECT_EQ(90000.5 - 100 + 2001 + 300, g_dEquity);

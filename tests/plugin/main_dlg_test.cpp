@@ -316,6 +316,33 @@ TEST_F(Panels, TakeTheHostsContractOrKeepItUntilTheLogin) {
     EXPECT_STREQ("Ag(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
 }
 
+TEST_F(Panels, ShowTheFundsWithAFloatingLossWhoeverWorksThemOut) {
+    const HWND panel = AddPanel("a").GetSafeHwnd();
+    g_dAvailable = 1000;
+    shell->Positions().m_dProfitOpen = 5;
+    for (const int use_profile : {0, 1}) {
+        g_nUseProfile = use_profile;
+        log.clear();
+        shell->Positions().m_dProfitHold = -100;
+        shell->ChangeStk(12, 1, panel);
+        shell->Positions().m_dProfitHold = 100;
+        shell->ChangeStk(12, 2, panel);
+        EXPECT_EQ(
+            "a contract Au(T+D); a funds 900.00 5.00; a contract Ag(T+D); "
+            "a funds 1000.00 5.00",
+            TakeLog({"a contract", "a funds"}));
+    }
+}
+
+TEST_F(Panels, LoseTheirContractToAnUnknownOne) {
+    CPanelTradeDlg& panel = AddPanel("a");
+    shell->ChangeStk(12, 1, panel.GetSafeHwnd());
+    log.clear();
+    shell->ChangeStk(12, 99, panel.GetSafeHwnd());
+    EXPECT_EQ("a no contract; a funds 0.00 0.00", TakeLog({"a "}));
+    EXPECT_STREQ("Au(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
+}
+
 TEST_F(Panels, ForgetTheContractKeptForOneThatGoes) {
     core.logged_in = false;
     CPanelTradeDlg& gone = AddPanel();

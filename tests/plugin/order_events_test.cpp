@@ -78,16 +78,17 @@ TEST_F(OrderEvents, RereadTheListThatChangedAndThenPassTheEventOn) {
     }
 }
 
-TEST_F(OrderEvents, HandEveryPanelItsPositions) {
-    core.logged_in = true;
-    const CZebContract contract = AddContract("Au(T+D)", 12, 1);
-    for (int i = 0; i < 3; ++i) AddPanel().BindContract(12, 1, &contract);
+TEST_F(OrderEvents, LetPanelsReadPositionsBehindTheListAndOrdersFromIt) {
+    core.orders.resize(3);
+    AddPanel("a");
+    AddPanel("b");
     log.clear();
     Send(EV_POSITION_LIST);
-    EXPECT_EQ(
-        "GetPositionList(count); GetPositionList(count); GetPositionList(count); "
-        "GetPositionList(count)",
-        TakeLog({"GetPositionList(count"}));
+    EXPECT_EQ("GetPositionList(count); a positions; b positions",
+              TakeLog({"GetPositionList(count", "a ", "b "}));
+    Send(EV_ORDER_LIST);
+    EXPECT_EQ("GetOrderList(count); a 3 orders; b 3 orders; notice; ForwardEvent(0x600, 0x2B)",
+              TakeLog({"GetOrderList(count", "a ", "b ", "notice", "ForwardEvent"}));
 }
 
 TEST_F(OrderEvents, ConsumeTheFileOfAnExport) {

@@ -66,49 +66,47 @@ TEST_F(SessionEvents, LeaveNoPageWithAContractOfAClearedTable) {
     AddContract("Au(T+D)", 12, 1);
     AddContract("Ag(T+D)", 12, 2);
     Send(EV_CONTRACTS_READY);
-    CPanelTradeDlg& kept = AddPanel();
-    CPanelTradeDlg& gone = AddPanel();
-    shell->ChangeStk(12, 2, kept.GetSafeHwnd());
-    shell->ChangeStk(12, 1, gone.GetSafeHwnd());
+    shell->ChangeStk(12, 2, AddPanel("kept").GetSafeHwnd());
+    shell->ChangeStk(12, 1, AddPanel("gone").GetSafeHwnd());
     ASSERT_STREQ("Au(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
     core.contracts.erase(core.contracts.begin());
+    log.clear();
     Send(EV_CONTRACTS_READY);
     EXPECT_EQ(nullptr, shell->BSBase().OrderPage().Contract());
-    EXPECT_TRUE(::IsWindowEnabled(TicketButton(kept)));
-    EXPECT_FALSE(::IsWindowEnabled(TicketButton(gone)));
+    EXPECT_EQ("kept no contract; gone no contract; GetContractList(count); kept contract Ag(T+D)",
+              TakeLog({"kept", "gone", "GetContractList(c"}));
     // Both know their market and code, so a contract that comes back finds its panel.
     AddContract("Au(T+D)", 12, 1);
     Send(EV_CONTRACTS_READY);
-    EXPECT_TRUE(::IsWindowEnabled(TicketButton(gone)));
+    EXPECT_EQ("kept contract Ag(T+D); gone contract Au(T+D)",
+              TakeLog({"kept contract", "gone contract"}));
 }
 
 TEST_F(SessionEvents, StartTradingInTwelveSteps) {
-    core.logged_in = true;
     g_bNeedShowStopLossAndProfit = 1;
     AddContract("Au(T+D)", 12, 1);
     AddContract("Ag(T+D)", 12, 2);
     core.banks.resize(1);
-    CPanelTradeDlg& panel = AddPanel();
-    core.logged_in = false;
-    panel.ShowLogin();
+    CPanelTradeDlg& panel = AddPanel("panel");
     shell->ChangeStk(12, 2, panel.GetSafeHwnd());
+    ASSERT_TRUE(ShowsLogin(panel));
     core.logged_in = true;
     Send(EV_CONTRACTS_READY);
     log.clear();
     core.on_call = [this, &panel](std::string_view line) {
-        const bool reads_orders = line == "GetOrderList(count)";
-        log.push_back(std::string(line) + (reads_orders && ShowsLogin(panel) ? " too early" : ""));
+        const bool too_early = line.starts_with("GetOrderList") && ShowsLogin(panel);
+        log.push_back(std::string(line) + (too_early ? " before the panel works" : ""));
     };
 
     Send(EV_INITIAL_LOAD_DONE);
 
     EXPECT_EQ(
-        "BeginTrading(); QueryInitial1(); QueryInitial2(); QueryInitial3(); "
-        "StartStopMonitor(); GetBankList(count); GetOrderList(count); GetOrderList(count); "
-        "NotifyInitDone(4); SendFunctionRequest(9336, \"\"); frame notice(1, 0); "
-        "frame notice(1, 0)",
-        TakeLog({"BeginTrading", "QueryInitial", "StartStop", "GetBankList(count",
-                 "GetOrderList(count", "NotifyInitDone", "SendFunction", "frame"}));
+        "BeginTrading(); QueryInitial1(); QueryInitial2(); QueryInitial3(); StartStopMonitor(); "
+        "GetBankList(count); panel contract Ag(T+D); panel funds 0.00 0.00; GetOrderList(count); "
+        "GetOrderList(count); NotifyInitDone(4); SendFunctionRequest(9336, \"\"); "
+        "frame notice(1, 0); frame notice(1, 0)",
+        TakeLog({"BeginTrading", "QueryInitial", "StartStop", "GetBankList(count", "panel contract",
+                 "panel funds", "GetOrderList(count", "NotifyInitDone", "SendFunction", "frame"}));
     EXPECT_EQ(1U, g_dwLastActivityTick);
     EXPECT_FALSE(ShowsLogin(panel));
     EXPECT_EQ(12U | 2U << 16, panel.Packed());

@@ -9,6 +9,7 @@
 #include "plugin/contract/tagged_block.h"
 #include "plugin/qm_gold_trade_ui_app.h"
 #include "plugin/settings/process_values.h"
+#include "tests/plugin/spy_parts.h"
 
 namespace tests {
 
@@ -128,8 +129,10 @@ ShellTest::~ShellTest() {
     ResetProcessValues();
 }
 
-CPanelTradeDlg& ShellTest::AddPanel() {
-    auto* panel = new CPanelTradeDlg(MakePanelParts());
+CPanelTradeDlg& ShellTest::AddPanel(const char* name) {
+    std::unique_ptr<PanelParts> parts = MakePanelParts();
+    if (name != nullptr) parts = std::make_unique<SpyParts>(name, log);
+    auto* panel = new CPanelTradeDlg(std::move(parts));
     panel->Create(CPanelTradeDlg::IDD, &frame);
     panel->SetOwner(shell.get());
     shell->AddPanel(panel);

@@ -40,8 +40,8 @@ protected:
     ~ShellTest() override;
 
     void MakeShell();
-    /// A panel in the frame.
-    CPanelTradeDlg& AddPanel();
+    /// A panel in the frame; with a name, its pages are spies that log under it.
+    CPanelTradeDlg& AddPanel(const char* name = nullptr);
     /// The button that buys on the panel's ticket: enabled while the panel has a contract.
     static HWND TicketButton(const CPanelTradeDlg& panel);
     /// Is the panel's login page shown instead of its ticket?
