@@ -54,7 +54,7 @@ TEST_F(FundsEvents, WorkTheFiguresOutAndTellTheHostBeforeTheReport) {
     EXPECT_EQ(90000.5 - 100 + 2001 + 300, g_dEquity);
     EXPECT_EQ("90000.50", TextOf(Bank(), CTranAccountChildDlg::kGoldFunds));
     EXPECT_EQ(
-        "SetFundsText(\"92201.50|89900.50|55.00|\", 4); "
+        "SetFundsText(\"92201.50|89900.50|55.00|\", 4); a funds 89900.50 55.00; "
         "ReportSettlementText(4, 900, \"--\")",
         TakeLog());
 }

@@ -339,7 +339,7 @@ TEST_F(Panels, LoseTheirContractToAnUnknownOne) {
     shell->ChangeStk(12, 1, panel.GetSafeHwnd());
     log.clear();
     shell->ChangeStk(12, 99, panel.GetSafeHwnd());
-    EXPECT_EQ("a no contract; a funds 0.00 0.00", TakeLog({"a "}));
+    EXPECT_EQ("a no contract; a funds 0.00 0.00", TakeLog({"a no", "a contract", "a funds"}));
     EXPECT_STREQ("Au(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
 }
 
