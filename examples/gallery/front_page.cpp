@@ -22,12 +22,15 @@ constexpr int kMenuWidth = 139;
 constexpr int kMenuHeight = 22;
 constexpr int kTitleHeight = 24;
 constexpr int kListWidth = 660;
-constexpr int kStopsHeight = 176;
-constexpr int kMarkTop = 24;
+constexpr int kStopsHeight = 144;
+constexpr int kTabsHeight = 26;
 constexpr int kMarkHeight = 24;
+// A list shows the tips of its cells when it is reminded to.
+constexpr UINT_PTR kTipTimer = 1;
+constexpr UINT kTipTimerMillis = 100;
 
-enum Title : std::size_t { kOrdersTitle, kStopsTitle, kTreeTitle, kButtonsTitle, kMarksTitle };
-constexpr const char* kTitles[] = {"当日委托", "止盈止损", "合约", "按钮", "选择"};
+enum Title : std::size_t { kOrdersTitle, kTreeTitle, kButtonsTitle, kMarksTitle };
+constexpr const char* kTitles[] = {"当日委托", "合约", "按钮", "选择"};
 
 /// Where the groups stand in a page of this size.
 struct Layout {
@@ -85,6 +88,7 @@ int FrontPage::OnCreate(LPCREATESTRUCT create) {
     CreateLists();
     CreateTree();
     CreateMarks();
+    buttons_.CreateBoard(this, kFrontButtons);
     return 0;
 }
 
@@ -111,8 +115,11 @@ void FrontPage::CreateLists() {
     orders_.Create(CRect(0, 0, 0, 0), this, kFrontOrders);
     OrderRows::Attach(orders_);
     orders_.ShowWindow(SW_SHOW);
+    tabs_.Create(this, kFrontTabs);
+    for (const char* tab : {"止盈止损", "持仓", "组合", "历史成交"}) tabs_.AddTab(tab);
     stops_.Create(CRect(0, 0, 0, 0), this, kFrontStops);
     OrderRows::FillStops(stops_);
+    stops_.SetTimer(kTipTimer, kTipTimerMillis, nullptr);
     stops_.ShowWindow(SW_SHOW);
 }
 
@@ -179,10 +186,13 @@ void FrontPage::OnSize(UINT kind, int width, int height) {
     const CRect& side = layout.side;
     put_title(kOrdersTitle, layout.orders.left, layout.orders.top - kTitleHeight,
               layout.orders.right);
-    put_title(kStopsTitle, layout.stops.left, layout.stops.top - kTitleHeight, layout.stops.right);
+    tabs_.MoveWindow(layout.stops.left, layout.stops.top - kTabsHeight, layout.stops.Width(),
+                     kTabsHeight - 1);
     put_title(kTreeTitle, side.left, layout.stops.top - kTitleHeight, side.right);
     tree_.MoveWindow(side.left, layout.stops.top, 180, layout.stops.Height());
     put_title(kButtonsTitle, side.left, side.top, side.right);
+    buttons_.MoveWindow(side.left, side.top + kTitleHeight, ButtonBoard::kWidth,
+                        std::max(layout.stops.top - 2 * kTitleHeight - kMargin, 0));
     const int marks = side.left + 196;
     put_title(kMarksTitle, marks, layout.stops.top - kTitleHeight, side.right);
     for (int i = 0; i < kMarkCount; ++i) {

@@ -8,6 +8,8 @@
 #include "controls/ower_draw_list_view.h"
 #include "controls/ower_draw_static.h"
 #include "controls/ower_radio.h"
+#include "controls/tab_set.h"
+#include "examples/gallery/button_board.h"
 
 namespace gallery {
 
@@ -18,7 +20,7 @@ public:
 
     COwerDrawListView& orders() { return orders_; }
     COwerDrawListView& stops() { return stops_; }
-    COwerRadio& radio() { return radios_[0]; }
+    ButtonBoard& buttons() { return buttons_; }
     CMyTree& tree() { return tree_; }
 
 protected:
@@ -43,9 +45,11 @@ private:
     CFont title_font_;
     CMyListBox menu_;
     COwerDrawListView orders_;
+    CTabSet tabs_;
     COwerDrawListView stops_;
     CMyTree tree_;
-    std::array<COwerDrawStatic, 5> titles_;
+    ButtonBoard buttons_;
+    std::array<COwerDrawStatic, 4> titles_;
     std::array<COwerRadio, kMarkCount> radios_;
     std::array<COwerCheckBox, kMarkCount> checks_;
 };

@@ -9,6 +9,10 @@ namespace gallery {
 namespace {
 
 constexpr int kMargin = 12;
+constexpr int kTabsTop = 6;
+constexpr int kTabsWidth = 160;
+constexpr int kTabsHeight = 26;
+constexpr int kViewTop = kTabsTop + kTabsHeight;
 
 }  // namespace
 
@@ -16,6 +20,7 @@ BEGIN_MESSAGE_MAP(GalleryFrame, CWnd)
     ON_WM_CREATE()
     ON_WM_SIZE()
     ON_WM_DESTROY()
+    ON_NOTIFY(TCN_SELCHANGE, kPages, &GalleryFrame::OnTab)
     ON_MESSAGE(WM_CLOSE, &GalleryFrame::OnClose)
 END_MESSAGE_MAP()
 
@@ -27,13 +32,15 @@ BOOL GalleryFrame::CreateFrame() {
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
     const int width = std::min<int>(work.right - work.left, 1264);
     const int height = std::min<int>(work.bottom - work.top, 784);
-    return CreateEx(0, window_class, "控件一览", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                    work.left + 8, work.top + 8, width, height, nullptr, nullptr);
+    return CreateEx(0, window_class, "控件一览", WS_OVERLAPPEDWINDOW, work.left + 8, work.top + 8,
+                    width, height, nullptr, nullptr);
 }
 
 int GalleryFrame::OnCreate(LPCREATESTRUCT create) {
     if (CWnd::OnCreate(create) == -1 || !page_.CreatePage(this)) return -1;
-    if (!front_.CreatePage(this, kFrontPage)) return -1;
+    if (!front_.CreatePage(this, kFrontPage) || !tabs_.Create(this, kPages)) return -1;
+    tabs_.AddTab("标准控件");
+    tabs_.AddTab("交易控件");
     return list_.CreateList(this, kRows, CRect(0, 0, 0, 0)) ? 0 : -1;
 }
 
@@ -47,19 +54,24 @@ void GalleryFrame::Arrange() {
     GetClientRect(client);
     CRect page;
     page_.GetWindowRect(&page);
-    page_.MoveWindow(kMargin, kMargin, page.Width(), page.Height());
-    const int top = page.Height() + 2 * kMargin;
+    tabs_.MoveWindow(kMargin, kTabsTop, kTabsWidth, kTabsHeight);
+    page_.MoveWindow(kMargin, kViewTop + kMargin, page.Width(), page.Height());
+    const int top = kViewTop + page.Height() + 2 * kMargin;
     list_.MoveWindow(kMargin, top, std::max(client.Width() - 2 * kMargin, 0),
                      std::max(client.Height() - top - kMargin, 0));
-    front_.MoveWindow(client);
+    front_.MoveWindow(0, kViewTop, client.Width(), std::max(client.Height() - kViewTop, 0));
 }
 
-void GalleryFrame::Show(View view) {
-    view_ = view;
-    const bool standard = view == View::kStandard;
+void GalleryFrame::ShowChosen() {
+    const bool standard = tabs_.GetCurSel() == 0;
     page_.ShowWindow(standard ? SW_SHOW : SW_HIDE);
     list_.ShowWindow(standard ? SW_SHOW : SW_HIDE);
     front_.ShowWindow(standard ? SW_HIDE : SW_SHOW);
+}
+
+void GalleryFrame::OnTab(NMHDR*, LRESULT* result) {
+    ShowChosen();
+    *result = 0;
 }
 
 LRESULT GalleryFrame::OnClose(WPARAM, LPARAM) {

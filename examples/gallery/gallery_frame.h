@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/tab_set.h"
 #include "examples/gallery/controls_page.h"
 #include "examples/gallery/front_page.h"
 #include "examples/gallery/row_list.h"
@@ -14,8 +15,7 @@ public:
     ControlsPage& page() { return page_; }
     RowList& list() { return list_; }
     FrontPage& front() { return front_; }
-    enum class View { kStandard, kFront };
-    void Show(View view);
+    CTabSet& tabs() { return tabs_; }
     /// From now on the close box does nothing.
     void StayOpen() { stays_open_ = true; }
 
@@ -23,16 +23,18 @@ protected:
     int OnCreate(LPCREATESTRUCT create);
     void OnSize(UINT kind, int width, int height);
     void OnDestroy();
+    void OnTab(NMHDR* header, LRESULT* result);
     LRESULT OnClose(WPARAM wParam, LPARAM lParam);
     DECLARE_MESSAGE_MAP()
 
 private:
     void Arrange();
+    void ShowChosen();
 
     ControlsPage page_;
     RowList list_;
     FrontPage front_;
-    View view_ = View::kStandard;
+    CTabSet tabs_;
     bool stays_open_ = false;
 };
 

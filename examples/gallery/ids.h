@@ -44,8 +44,10 @@ enum ControlId : int {
     kFrontPage,
     kFrontMenu,
     kFrontOrders,
+    kFrontTabs,
     kFrontStops,
     kFrontTree,
+    kFrontButtons,
     kFrontRadio,                     ///< and the next
     kFrontCheck = kFrontRadio + 10,  ///< and the next
     kFrontEnd = kFrontCheck + 10,

@@ -35,7 +35,7 @@ enum OrderColumn : int {
 constexpr Column kOrderColumns[] = {
     {"委托时间", 68, kCenter}, {"合约", 76, kLeft},     {"买卖", 44, kCenter},
     {"开平", 44, kCenter},     {"委托状态", 84, kLeft}, {"委托价格", 88, kRight},
-    {"委托量", 60, kRight},    {"已成交", 60, kRight},  {"委托号", 110, kLeft},
+    {"委托量", 60, kRight},    {"已成交", 60, kRight},  {"委托号", 124, kLeft},
 };
 
 constexpr Column kStopColumns[] = {
@@ -173,8 +173,7 @@ void OrderRows::FillStops(COwerDrawListView& list) {
             list.SetItemBkColor(row, column, kEditable);
         }
     }
-    list.SetItemTip(0, 0, "黄金延期，一手 1000 克\r\n");
-    list.SetItemTip(1, 0, "白银延期，一手 1 千克\r\n");
+    list.SetItemTip(0, 5, "黄金延期，一手 1000 克\r\n夜盘 20:00 开市");
 }
 
 }  // namespace gallery

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "examples/gallery/front_page.h"
 #include "examples/gallery/gallery_frame.h"
 #include "examples/gallery/ids.h"
 #include "platform/testing/input.h"
@@ -10,6 +11,8 @@
 namespace gallery {
 
 namespace {
+
+constexpr DWORD kTipMillis = 600;  // any tip is there by then
 
 bool Save(const std::string& path) { return platform::testing::SavePicture(nullptr, path); }
 
@@ -53,6 +56,22 @@ private:
     bool good_ = true;
 };
 
+void ShootFront(FrontPage& front, Photographer& photographer) {
+    using platform::testing::Click;
+    Click(front.orders(), 100, 120);
+    Click(front.stops(), 290, 55);
+    photographer.Shoot("front_edit");
+    Click(front.tree());  // the focus leaves list and tree
+    platform::testing::MovePointer(platform::testing::ScreenPoint(front.buttons().WithTip()));
+    platform::testing::PumpFor(kTipMillis);
+    photographer.Shoot("front_tip");
+    platform::testing::MovePointer(platform::testing::ScreenPoint(front.stops(), 400, 33));
+    platform::testing::PumpFor(kTipMillis);
+    photographer.Shoot("front_list_tip");
+    Click(front.buttons().WithItems());
+    photographer.Shoot("front_items");
+}
+
 }  // namespace
 
 bool WriteTexts(GalleryFrame& frame, const std::string& path) {
@@ -77,6 +96,7 @@ bool TakeShots(GalleryFrame& frame, const std::string& folder) {
     Click(photographer.Control(kDate), date.right - 8, date.bottom / 2);
     photographer.Shoot("calendar_open");
     Key(VK_ESCAPE);
+    Click(photographer.Control(kPlainText));  // the first click only closes the calendar
     Click(photographer.Control(kOpenPopup));
     photographer.Shoot("popup");
     Click(photographer.Control(kOpenPopup));
@@ -88,8 +108,9 @@ bool TakeShots(GalleryFrame& frame, const std::string& folder) {
     Key(VK_NEXT);
     Key(VK_DOWN);
     photographer.Shoot("list_scrolled");
-    frame.Show(GalleryFrame::View::kFront);
+    Click(frame.tabs(), 120, 12);
     photographer.Shoot("front");
+    ShootFront(frame.front(), photographer);
     return photographer.good();
 }
 

@@ -22,10 +22,17 @@ constexpr Faces kKeyFaces = {{kLight.raised, kLight.line},
                              {RGB(0xD3, 0xE1, 0xEF), kLight.accent},
                              {kLight.ground, kLight.line}};
 
+/// Captions of these are dark. Windows of any height show them stretched, in which a frame's lines
+/// would double or vanish, so there is none.
+constexpr Faces kUprightFaces = {{RGB(0xDC, 0xE4, 0xEC), RGB(0xDC, 0xE4, 0xEC)},
+                                 {RGB(0xCF, 0xE0, 0xF2), RGB(0xCF, 0xE0, 0xF2)},
+                                 {RGB(0xB4, 0xCF, 0xEB), RGB(0xB4, 0xCF, 0xEB)},
+                                 {kLight.ground, kLight.ground}};
+
 constexpr ButtonLook kPageButton = {60, 20, kLight.ground, kLight.primary};
 constexpr ButtonLook kLoginButton = {72, 25, RGB(0xE9, 0xED, 0xF2), kLight.primary};
 constexpr ButtonLook kPanelButton = {60, 20, kPanelGround, kDark.primary};
-constexpr ButtonLook kUprightButton = {21, 120, kLight.ground, kLight.plain};
+constexpr ButtonLook kUprightButton = {21, 160, kLight.ground, kUprightFaces};
 constexpr ButtonLook kKeyboard = {
     20,          20, kLight.ground, kKeyFaces, Symbol::kKeyboard, kLight.secondary, kLight.accent,
     kLight.faint};

@@ -22,7 +22,7 @@ namespace skin {
 /// | 0, 9 | tab: plain, under the pointer, selected | 24 x 40 |
 /// | 0, 12 | bottom of the login, to be tiled | 16 x 36 |
 /// | 0, 13 | states: soft keyboard | 20 x 20 |
-/// | 0, 14 | states: upright buttons | 21 x 120 |
+/// | 0, 14 | states: upright buttons; their captions are dark | 21 x 160 |
 /// | 0, 18 | ground of the five levels, of one colour | 16 x 16 |
 /// | 0, 28 | closed, open; white is to be left out | 7 x 9 |
 /// | 0, 68 and 69 | states: minus, plus | 22 x 22 |

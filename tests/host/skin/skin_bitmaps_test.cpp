@@ -31,7 +31,7 @@ constexpr Served kServed[] = {
     {kSkinPages, 4, 4, 60, 20},   {kSkinPages, 7, static_cast<int>(skin::MenuIcon::kCount), 16, 16},
     {kSkinPages, 8, 1, 518, 104}, {kSkinPages, 9, 3, 24, 40},
     {kSkinPages, 12, 1, 16, 36},  {kSkinPages, 13, 4, 20, 20},
-    {kSkinPages, 14, 4, 21, 120}, {kSkinPages, 18, 1, 16, 16},
+    {kSkinPages, 14, 4, 21, 160}, {kSkinPages, 18, 1, 16, 16},
     {kSkinPages, 28, 2, 7, 9},    {kSkinPages, 68, 4, 22, 22},
     {kSkinPages, 69, 4, 22, 22},  {kSkinPages, 73, 8, 14, 14},
     {kSkinPages, 74, 8, 14, 14},  {kSkinPanels, 0, 1, 8, 2},
