@@ -33,3 +33,10 @@ HBRUSH PageGroundBrush(CDC* dc, UINT kind) {
 void SetGroundOfRichEdit(CWnd& page, int id) {
     page.SendDlgItemMessage(id, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(PageGroundColor()));
 }
+
+void SetPageSkin(CSkinButton& button, int group, int index) {
+    static constexpr int kPictureOfState[] = {0, 1, 2, 3};
+    CUICallBack* core = GetUICallBack();
+    if (core == nullptr) return;
+    button.SetSkin(core->GetSkinBitmap(group, index), 4, kPictureOfState, FALSE);
+}

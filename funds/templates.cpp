@@ -28,29 +28,29 @@ constexpr DWORD kReading =
     WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_READONLY;
 constexpr DWORD kHiddenButton = BS_PUSHBUTTON | WS_TABSTOP;
 
-// One column of labels, one of inputs, the buttons behind them; rows are 32 pixels apart.
+// One column of labels, one of inputs, the buttons behind them; rows are 33 pixels apart.
 constexpr DialogControl kTranAccountControls[] = {
-    Label(Child::kBankLabel, "转账银行：", Pixels(24, 22, 64, 16), SS_RIGHT),
-    DropDown(Child::kBank, Pixels(92, 16, 200, 200)),
-    Control(Child::kQueryTransfers, "Button", "查  询", kHiddenButton, Pixels(300, 16, 72, 24)),
-    Label(Child::kDirectionLabel, "转帐方向：", Pixels(24, 54, 64, 16), SS_RIGHT),
-    DropDown(Child::kDirection, Pixels(92, 48, 200, 160)),
-    Label(Child::kFundPasswordLabel, "资金密码：", Pixels(24, 86, 64, 16), SS_RIGHT),
-    TextEdit(Child::kFundPassword, Pixels(92, 80, 200, 24), kPassword),
-    Label(Child::kBankPasswordLabel, "银行密码：", Pixels(24, 118, 64, 16), SS_RIGHT),
-    TextEdit(Child::kBankPassword, Pixels(92, 112, 200, 24), kPassword),
-    Label(Child::kBankBalanceLabel, "银行资金：", Pixels(24, 150, 64, 16), SS_RIGHT),
-    TextEdit(Child::kBankBalance, Pixels(92, 144, 200, 24), kReadOnly),
-    PushButton(Child::kQueryBankBalance, "查询", Pixels(300, 144, 72, 24)),
-    Label(Child::kGoldFundsLabel, "黄金资金：", Pixels(24, 182, 64, 16), SS_RIGHT),
-    TextEdit(Child::kGoldFunds, Pixels(92, 176, 200, 24), kReadOnly),
-    PushButton(Child::kQueryGoldFunds, "查询", Pixels(300, 176, 72, 24)),
-    Label(Child::kAmountLabel, "转账金额：", Pixels(24, 214, 64, 16), SS_RIGHT),
-    TextEdit(Child::kAmount, Pixels(92, 208, 200, 24)),
-    PushButton(Child::kTransfer, "转    帐", Pixels(92, 248, 104, 28)),
-    Control(Child::kGoldToBank, "Button", "黄金 -> 银行", kHiddenButton, Pixels(204, 248, 104, 28)),
-    Control(Child::kBankToGold, "Button", "银行 -> 黄金", kHiddenButton, Pixels(316, 248, 104, 28)),
-    Control(Child::kNote, "Edit", "", kReading, Pixels(428, 16, 320, 260)),
+    Label(Child::kBankLabel, "转账银行：", Pixels(24, 21, 64, 15), SS_RIGHT),
+    DropDown(Child::kBank, Pixels(93, 15, 198, 200)),
+    Control(Child::kQueryTransfers, "Button", "查  询", kHiddenButton, Pixels(300, 15, 72, 24)),
+    Label(Child::kDirectionLabel, "转帐方向：", Pixels(24, 54, 64, 15), SS_RIGHT),
+    DropDown(Child::kDirection, Pixels(93, 48, 198, 160)),
+    Label(Child::kFundPasswordLabel, "资金密码：", Pixels(24, 87, 64, 15), SS_RIGHT),
+    TextEdit(Child::kFundPassword, Pixels(93, 81, 198, 24), kPassword),
+    Label(Child::kBankPasswordLabel, "银行密码：", Pixels(24, 120, 64, 15), SS_RIGHT),
+    TextEdit(Child::kBankPassword, Pixels(93, 114, 198, 24), kPassword),
+    Label(Child::kBankBalanceLabel, "银行资金：", Pixels(24, 153, 64, 15), SS_RIGHT),
+    TextEdit(Child::kBankBalance, Pixels(93, 147, 198, 24), kReadOnly),
+    PushButton(Child::kQueryBankBalance, "查询", Pixels(300, 147, 72, 24)),
+    Label(Child::kGoldFundsLabel, "黄金资金：", Pixels(24, 186, 64, 15), SS_RIGHT),
+    TextEdit(Child::kGoldFunds, Pixels(93, 180, 198, 24), kReadOnly),
+    PushButton(Child::kQueryGoldFunds, "查询", Pixels(300, 180, 72, 24)),
+    Label(Child::kAmountLabel, "转账金额：", Pixels(24, 219, 64, 15), SS_RIGHT),
+    TextEdit(Child::kAmount, Pixels(93, 213, 198, 24)),
+    PushButton(Child::kTransfer, "转    帐", Pixels(93, 252, 104, 28)),
+    Control(Child::kGoldToBank, "Button", "黄金 -> 银行", kHiddenButton, Pixels(204, 252, 104, 28)),
+    Control(Child::kBankToGold, "Button", "银行 -> 黄金", kHiddenButton, Pixels(316, 252, 104, 28)),
+    Control(Child::kNote, "Edit", "", kReading, Pixels(429, 15, 318, 264)),
 };
 
 constexpr DialogControl kFundsControls[] = {

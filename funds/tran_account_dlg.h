@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/tab_set.h"
 #include "funds/tran_account_child_dlg.h"
 
 /// The bank page: a strip of two tabs over one child dialog, which holds all controls.
@@ -15,10 +16,12 @@ protected:
     void OnOK() override {}
     void OnCancel() override {}
 
+    void OnTabChanged(NMHDR* header, LRESULT* result);
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
 
 private:
+    CTabSet m_tabs;
     CTranAccountChildDlg m_child;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/bmp_button_no_pic.h"
 #include "platform/toolkit/toolkit.h"
 
 /// Asks for the trades of some days.
@@ -12,10 +13,15 @@ public:
     static constexpr int kTo = 10033;
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
     BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 
+    void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
+
+private:
+    CBmpButtonNoPic m_btnQuery;
 };

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "controls/bmp_button_no_pic.h"
+#include "controls/ower_draw_list_view.h"
+#include "controls/v_button.h"
 #include "lists/panel_host.h"
 #include "orderentry/contract_rules.h"
 #include "platform/toolkit/toolkit.h"
@@ -24,9 +27,12 @@ public:
     void ShowToolbar(bool show);
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 
+    int OnCreate(LPCREATESTRUCT create);
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
@@ -39,4 +45,8 @@ private:
     EArray<CZebOrder> m_orders{32};
     bool m_bShowAll = true;
     bool m_bToolbar = false;
+    COwerDrawListView m_list;
+    CVButton m_btnMode;
+    CBmpButtonNoPic m_btnCancel;
+    CBmpButtonNoPic m_btnCancelAll;
 };

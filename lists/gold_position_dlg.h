@@ -1,5 +1,8 @@
 #pragma once
 
+#include "controls/bmp_button_no_pic.h"
+#include "controls/ower_draw_list_view.h"
+#include "controls/v_button.h"
 #include "lists/panel_host.h"
 #include "orderentry/contract_rules.h"
 #include "platform/toolkit/toolkit.h"
@@ -43,9 +46,12 @@ public:
     bool HasPosition(const char* contract) const;
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 
+    int OnCreate(LPCREATESTRUCT create);
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
@@ -56,4 +62,12 @@ private:
     HWND m_hOwner = nullptr;  ///< gets the row messages
     EArray<CZebPosition> m_positions{32};
     EArray<PositionGroup> m_groups{32};
+    COwerDrawListView m_list;
+    CVButton m_btnMode;
+    CBmpButtonNoPic m_btnClose1;
+    CBmpButtonNoPic m_btnClose30;
+    CBmpButtonNoPic m_btnClose50;
+    CBmpButtonNoPic m_btnClose70;
+    CBmpButtonNoPic m_btnClose100;
+    CBmpButtonNoPic m_btnStop;
 };

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "controls/bmp_button_no_pic.h"
+#include "controls/ower_draw_list_view.h"
+#include "controls/v_button.h"
 #include "orderentry/contract_rules.h"
 #include "platform/toolkit/toolkit.h"
 #include "plugin/contract/earray.h"
@@ -18,9 +21,12 @@ public:
     void Refresh();
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
 
+    int OnCreate(LPCREATESTRUCT create);
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
     DECLARE_MESSAGE_MAP()
@@ -28,4 +34,7 @@ protected:
 private:
     const ContractSource* m_pContracts = nullptr;
     EArray<CZebTrade> m_trades{32};
+    COwerDrawListView m_list;
+    CVButton m_btnMode;
+    CBmpButtonNoPic m_btnExport;
 };

@@ -21,12 +21,12 @@ using toolkit::Units;
 // code gives modes and lists their place.
 constexpr DialogControl kPositionControls[] = {
     PushButton(CGoldPositionDlg::kMode, "持仓—分笔", Pixels(0, 24, 21, 172)),
-    PushButton(CGoldPositionDlg::kClose1, "平仓", Pixels(28, 2, 60, 22)),
-    PushButton(CGoldPositionDlg::kClose30, "平仓30%", Pixels(92, 2, 68, 22)),
-    PushButton(CGoldPositionDlg::kClose50, "平仓50%", Pixels(164, 2, 68, 22)),
-    PushButton(CGoldPositionDlg::kClose70, "平仓70%", Pixels(236, 2, 68, 22)),
-    PushButton(CGoldPositionDlg::kClose100, "平仓100%", Pixels(308, 2, 72, 22)),
-    PushButton(CGoldPositionDlg::kStop, "止盈止损", Pixels(384, 2, 72, 22)),
+    PushButton(CGoldPositionDlg::kClose1, "平仓", Pixels(26, 2, 54, 22)),
+    PushButton(CGoldPositionDlg::kClose30, "平仓30%", Pixels(84, 2, 54, 22)),
+    PushButton(CGoldPositionDlg::kClose50, "平仓50%", Pixels(142, 2, 54, 22)),
+    PushButton(CGoldPositionDlg::kClose70, "平仓70%", Pixels(200, 2, 54, 22)),
+    PushButton(CGoldPositionDlg::kClose100, "平仓100%", Pixels(258, 2, 60, 22)),
+    PushButton(CGoldPositionDlg::kStop, "止盈止损", Pixels(322, 2, 60, 22)),
 };
 
 constexpr DialogControl kOrderControls[] = {

@@ -10,6 +10,7 @@
 
 namespace {
 
+constexpr int kPriceListWidth = 120;
 constexpr int kChoiceWidth = 45;
 constexpr int kStopWidth = 70;
 constexpr int kChoiceHeight = 18;
@@ -58,6 +59,9 @@ void CGoldBsDlg::DoDataExchange(CDataExchange* exchange) {
 
 BOOL CGoldBsDlg::OnInitDialog() {
     CDialog::OnInitDialog();
+    m_price.CreateOver(*this, kPrice);
+    m_volume.CreateOver(*this, kVolume);
+    m_price.SetListWidth(kPriceListWidth);
     m_buy.SetChecked(TRUE);
     m_open.SetChecked(TRUE);
     m_stops.ShowWindow(g_bNeedShowStopLossAndProfit == 1 ? SW_SHOW : SW_HIDE);
@@ -153,6 +157,17 @@ void CGoldBsDlg::LayOut() {
     move(kNet, right + 2 * kChoicePitch, bottom + 10, kChoiceWidth);
     move(kStops, right + 35, bottom + 117, kStopWidth);
     move(kAutoStop, right + 78, bottom + 117, kStopWidth);
+    CoverPlaceHolder(m_price, kPrice);
+    CoverPlaceHolder(m_volume, kVolume);
+}
+
+void CGoldBsDlg::CoverPlaceHolder(CWnd& composite, int id) {
+    HWND holder = ::GetDlgItem(m_hWnd, id);
+    if (composite.m_hWnd == nullptr || holder == nullptr) return;
+    CRect place;
+    ::GetWindowRect(holder, &place);
+    ScreenToClient(&place);
+    composite.MoveWindow(place);
 }
 
 BOOL CGoldBsDlg::OnEraseBkgnd(CDC* dc) {

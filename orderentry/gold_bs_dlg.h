@@ -3,6 +3,8 @@
 #include <vector>
 
 #include "controls/ower_check_box.h"
+#include "orderentry/combo_price_edit.h"
+#include "orderentry/combo_volume_edit.h"
 #include "orderentry/report_pane.h"
 #include "orderentry/stop_check_listener.h"
 #include "platform/toolkit/toolkit.h"
@@ -80,6 +82,7 @@ protected:
 
 private:
     void LayOut();
+    void CoverPlaceHolder(CWnd& composite, int id);
 
     const ReportPane* m_pReport = nullptr;
     StopCheckListener* m_pStopListener = nullptr;
@@ -94,6 +97,8 @@ private:
     int m_nLinkedPosition = 0;  ///< the lot that the page was loaded from, 0 for none
     bool m_bHostDriven = false;
     std::vector<int> m_vecCodeLength;
+    CComboPriceEdit m_price{kPrice, kPriceSpin};
+    CComboVolumeEdit m_volume{kVolume, kVolumeSpin};
     COwerRadio m_buy;
     COwerRadio m_sell;
     COwerRadio m_open;

@@ -130,18 +130,18 @@ constexpr auto kVolumeKeyControls = [] {
     for (std::size_t key = 0; key < kKeys; ++key) {
         const int row = static_cast<int>(key) / kColumns;
         const int column = static_cast<int>(key) % kColumns;
-        controls[key] = PushButton(CKeyBoardDlgVolume::kPresets[key], "",
-                                   Pixels(8 + column * 44, 8 + row * kKeyPitch, 40, 24),
-                                   BS_OWNERDRAW);
+        controls[key] =
+            PushButton(CKeyBoardDlgVolume::kPresets[key], "",
+                       Pixels(8 + column * 44, 8 + row * kKeyPitch, 40, 24), BS_OWNERDRAW);
     }
     controls[kKeys] = PushButton(CKeyBoardDlgVolume::kBackspace, "退格", Pixels(228, 8, 48, 52));
     return controls;
 }();
 
 constexpr DialogTemplate Page(UINT id, std::span<const DialogControl> controls, int width,
-                              int height) {
+                              int height, DWORD style = toolkit::kPageStyle | WS_CLIPCHILDREN) {
     return {.id = id,
-            .style = toolkit::kPageStyle | WS_CLIPCHILDREN,
+            .style = style,
             .ex_style = WS_EX_CONTROLPARENT,
             .width = Units(width),
             .height = Units(height),
@@ -158,12 +158,13 @@ constexpr DialogTemplate Popup(UINT id, std::span<const DialogControl> controls,
             .controls = controls};
 }
 
+// Pages with radio buttons of ours paint behind them: those copy what they find there.
 constexpr DialogTemplate kDialogs[] = {
     Page(CPanelTradeDlg::IDD, {}, 280, 400),
     Page(CGoldBSBaseDlg::IDD, {}, 820, 300),
-    Page(CGoldBsDlg::IDD, kBsControls, CGoldBsDlg::kWidth, 248),
+    Page(CGoldBsDlg::IDD, kBsControls, CGoldBsDlg::kWidth, 248, toolkit::kPageStyle),
     Page(CStock5BSDlg::IDD, {}, 180, 220),
-    Page(CPanelBSDlg::IDD, kPanelBsControls, 280, 195),
+    Page(CPanelBSDlg::IDD, kPanelBsControls, 280, 195, toolkit::kPageStyle),
     Page(CPanelPriceChartDlg::IDD, {}, 280, 60),
     {.id = CPromptInsertOrderDlg::IDD,
      .title = "下单提示",

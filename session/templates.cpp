@@ -27,13 +27,13 @@ constexpr DWORD kReading =
     WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_READONLY;
 
 constexpr DialogControl kChangePwdControls[] = {
-    Label(-1, "当前密码：", Pixels(24, 30, 100, 16), SS_RIGHT),
-    TextEdit(CChangePwdDlg::kCurrentPassword, Pixels(128, 24, 180, 24), kPassword),
-    Label(-1, "新密码：", Pixels(24, 62, 100, 16), SS_RIGHT),
-    TextEdit(CChangePwdDlg::kNewPassword, Pixels(128, 56, 180, 24), kPassword),
-    Label(-1, "再次输入新密码：", Pixels(24, 94, 100, 16), SS_RIGHT),
-    TextEdit(CChangePwdDlg::kRepeatedPassword, Pixels(128, 88, 180, 24), kPassword),
-    DefaultButton(IDOK, "修改", Pixels(128, 128, 88, 28)),
+    Label(-1, "当前密码：", Pixels(24, 30, 99, 15), SS_RIGHT),
+    TextEdit(CChangePwdDlg::kCurrentPassword, Pixels(129, 24, 180, 24), kPassword),
+    Label(-1, "新密码：", Pixels(24, 63, 99, 15), SS_RIGHT),
+    TextEdit(CChangePwdDlg::kNewPassword, Pixels(129, 57, 180, 24), kPassword),
+    Label(-1, "再次输入新密码：", Pixels(24, 96, 99, 15), SS_RIGHT),
+    TextEdit(CChangePwdDlg::kRepeatedPassword, Pixels(129, 90, 180, 24), kPassword),
+    DefaultButton(IDOK, "修改", Pixels(129, 129, 90, 27)),
 };
 
 // The buttons come first, so that the text does not stand there selected.
@@ -83,7 +83,7 @@ constexpr DialogControl kLoginControls[] = {
     DropDown(CGoldLoginDlg::kAccountType, Pixels(295, 120, 151, 96)),
     Label(CGoldLoginDlg::kAccountLabel, "账    号：", Pixels(230, 152, 65, 22)),
     TextEdit(CGoldLoginDlg::kAccount, Pixels(295, 149, 151, 22)),
-    Label(CGoldLoginDlg::kKeepAccountLabel, "记住账号", Pixels(468, 152, 48, 16)),
+    Label(CGoldLoginDlg::kKeepAccountLabel, "记住账号", Pixels(466, 152, 48, 16)),
     Control(CGoldLoginDlg::kKeepAccount, "Button", "保存",
             BS_AUTOCHECKBOX | WS_VISIBLE | WS_TABSTOP | WS_CLIPSIBLINGS, Pixels(453, 149, 40, 22)),
     Label(CGoldLoginDlg::kPasswordLabel, "交易密码：", Pixels(230, 181, 65, 22)),
@@ -118,7 +118,7 @@ constexpr DialogTemplate kDialogs[] = {
     {.id = CGoldLoginDlg::IDD,
      .title = "黄金交易登录",
      .style = kModal,
-     .width = Units(516),
+     .width = Units(514),
      .height = Units(313),
      .controls = kLoginControls},
     {.id = CMsgDlg::IDD, .style = kModal, .width = 560, .height = 227, .controls = kMsgControls},

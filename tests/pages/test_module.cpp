@@ -1,5 +1,6 @@
 #include "tests/pages/test_module.h"
 
+#include "controls/templates.h"
 #include "funds/templates.h"
 #include "lists/templates.h"
 #include "orderentry/templates.h"
@@ -8,9 +9,9 @@
 
 namespace {
 
-const toolkit::TemplateTable kTables[] = {session::kTemplates, funds::kTemplates,
-                                          orderentry::kTemplates, stops::kTemplates,
-                                          lists::kTemplates};
+const toolkit::TemplateTable kTables[] = {controls::kTemplates, session::kTemplates,
+                                          funds::kTemplates,    orderentry::kTemplates,
+                                          stops::kTemplates,    lists::kTemplates};
 
 class PagesApp : public CWinApp {
 public:
@@ -25,7 +26,7 @@ IMPLEMENT_MODULE(app, kTables)
 
 namespace tests {
 
-std::span<const toolkit::TemplateTable> PageTables() { return kTables; }
+std::span<const toolkit::TemplateTable> PageTables() { return std::span(kTables).subspan(1); }
 
 PageFrame::PageFrame(int width, int height) {
     CreateEx(0, nullptr, "frame", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CRect(0, 0, 100, 100),
