@@ -6,8 +6,8 @@
 /// A button whose states are pictures of a skin.
 class CSkinButton : public CTrackButton {
 public:
-    /// `count` pictures side by side, and for each state the number of its picture. With `resize`
-    /// the window takes the size of one picture.
+    /// `count` pictures side by side, and for each the number of the state that it shows. With
+    /// `resize` the window takes the size of one picture.
     void SetSkin(HBITMAP skin, int count, const int* table, BOOL resize);
 
 protected:

@@ -29,8 +29,8 @@ CSize StateSkin::PictureSize() const {
 
 CRect StateSkin::PictureOf(int state) const {
     const CSize size = PictureSize();
-    int picture = state >= 0 && state < states ? table[state] : 0;
-    if (picture < 0 || picture >= pictures) picture = 0;
+    const int* const entry = std::find(table, table + states, state);
+    const int picture = entry == table + states ? 0 : static_cast<int>(entry - table);
     const int left = picture * size.cx;
     return {left, 0, left + size.cx, size.cy};
 }

@@ -11,10 +11,11 @@ struct StateSkin {
 
     HBITMAP bitmap = nullptr;  ///< the core's
     int pictures = 0;
-    int table[kMaxStates] = {};  ///< picture of each state
+    int table[kMaxStates] = {};  ///< state that each picture shows
     int states = 0;              ///< entries in the table
 
-    /// Takes at most kMaxStates entries; a null table or a count below 1 leaves none.
+    /// The table has `count` entries, of which at most kMaxStates are taken; a null table or a
+    /// count below 1 leaves none.
     void Set(HBITMAP skin, int count, const int* state_table);
     /// Of one picture; empty when there is nothing to paint.
     CSize PictureSize() const;

@@ -52,7 +52,7 @@ int CTabSet::AddTab(const char* text) {
     ButtonInfo& tab = m_tabs.GetData()[index];
     tab = {};
     text::CopyText(tab.szText, text ? text : "");
-    if (GetSafeHwnd()) Invalidate();
+    Refresh();
     return index;
 }
 
@@ -64,7 +64,16 @@ void CTabSet::RemoveTab(int index) {
     m_tabs.SetSize(count - 1);
     // The selection stays with its tab; that of the removed one goes to its successor.
     if (index < m_nCurSel || m_nCurSel == count - 1) m_nCurSel = std::max(m_nCurSel - 1, 0);
-    if (GetSafeHwnd()) Invalidate();
+    Refresh();
+}
+
+// The ground between and behind the tabs is the parent's to paint.
+void CTabSet::Refresh() {
+    if (!GetSafeHwnd()) return;
+    CRect place;
+    GetWindowRect(&place);
+    m_pParent->ScreenToClient(&place);
+    m_pParent->RedrawWindow(place, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
 }
 
 void CTabSet::PlaceTabs() {
@@ -81,10 +90,21 @@ BOOL CTabSet::OnEraseBkgnd(CDC* dc) {
     CUICallBack* const core = GetUICallBack();
     const HBITMAP skin = core ? core->GetSkinBitmap(kSkinPages, kTabSkin) : nullptr;
     PlaceTabs();
+    PaintParentGround(*dc);
     for (int i = 0; i < m_tabs.GetCount(); ++i) {
         PaintTab(*dc, m_tabs.GetData()[i], i == m_nCurSel || i == m_nMarked, skin);
     }
     return 1;
+}
+
+// What stood here before a tab went is gone then, whether or not the parent leaves its children out
+// of its own painting.
+void CTabSet::PaintParentGround(const CDC& dc) const {
+    CPoint corner(0, 0);
+    ::MapWindowPoints(m_hWnd, m_pParent->GetSafeHwnd(), &corner, 1);
+    ::OffsetViewportOrgEx(dc, -corner.x, -corner.y, nullptr);
+    m_pParent->SendMessage(WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc.GetSafeHdc()));
+    ::OffsetViewportOrgEx(dc, corner.x, corner.y, nullptr);
 }
 
 void CTabSet::OnPaint() { const CPaintDC dc(this); }
@@ -146,7 +166,7 @@ void CTabSet::OnLButtonDown(UINT, CPoint point) {
     if (tab >= 0 && tab != m_nCurSel) {
         const HWND window = m_hWnd;
         m_nCurSel = tab;
-        Invalidate();
+        Refresh();
         Notify();
         if (!::IsWindow(window)) return;
     }
