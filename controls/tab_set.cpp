@@ -52,7 +52,7 @@ int CTabSet::AddTab(const char* text) {
     ButtonInfo& tab = m_tabs.GetData()[index];
     tab = {};
     text::CopyText(tab.szText, text ? text : "");
-    Refresh();
+    if (GetSafeHwnd()) Invalidate();
     return index;
 }
 
@@ -64,16 +64,7 @@ void CTabSet::RemoveTab(int index) {
     m_tabs.SetSize(count - 1);
     // The selection stays with its tab; that of the removed one goes to its successor.
     if (index < m_nCurSel || m_nCurSel == count - 1) m_nCurSel = std::max(m_nCurSel - 1, 0);
-    Refresh();
-}
-
-// The ground between and behind the tabs is the parent's to paint.
-void CTabSet::Refresh() {
-    if (!GetSafeHwnd()) return;
-    CRect place;
-    GetWindowRect(&place);
-    m_pParent->ScreenToClient(&place);
-    m_pParent->RedrawWindow(place, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    if (GetSafeHwnd()) Invalidate();
 }
 
 void CTabSet::PlaceTabs() {
@@ -166,7 +157,7 @@ void CTabSet::OnLButtonDown(UINT, CPoint point) {
     if (tab >= 0 && tab != m_nCurSel) {
         const HWND window = m_hWnd;
         m_nCurSel = tab;
-        Refresh();
+        Invalidate();
         Notify();
         if (!::IsWindow(window)) return;
     }

@@ -35,7 +35,6 @@ private:
     };
     static_assert(sizeof(ButtonInfo) == 48);
 
-    void Refresh();
     void PlaceTabs();
     void PaintParentGround(const CDC& dc) const;
     void PaintTab(const CDC& dc, const ButtonInfo& tab, bool selected, HBITMAP skin) const;
