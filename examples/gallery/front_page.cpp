@@ -39,11 +39,11 @@ struct Layout {
                std::max(static_cast<int>(size.cy) - kMargin, kMargin)) {
         const int left = menu.right + kMargin;
         const int bottom = menu.bottom;
-        stops = {left, std::max(bottom - kStopsHeight, kMargin), left + kListWidth, bottom};
+        stops = {left, std::max<int>(bottom - kStopsHeight, kMargin), left + kListWidth, bottom};
         const int stops_title = stops.top - kTitleHeight;
         orders = {left, kMargin + kTitleHeight, left + kListWidth,
-                  std::max(stops_title - kMargin, kMargin + kTitleHeight)};
-        side = {orders.right + 16, kMargin, std::max(static_cast<int>(size.cx) - kMargin, 0),
+                  std::max<int>(stops_title - kMargin, kMargin + kTitleHeight)};
+        side = {orders.right + 16, kMargin, std::max<int>(static_cast<int>(size.cx) - kMargin, 0),
                 bottom};
     }
 
@@ -192,7 +192,7 @@ void FrontPage::OnSize(UINT kind, int width, int height) {
     tree_.MoveWindow(side.left, layout.stops.top, 180, layout.stops.Height());
     put_title(kButtonsTitle, side.left, side.top, side.right);
     buttons_.MoveWindow(side.left, side.top + kTitleHeight, ButtonBoard::kWidth,
-                        std::max(layout.stops.top - 2 * kTitleHeight - kMargin, 0));
+                        std::max<int>(layout.stops.top - 2 * kTitleHeight - kMargin, 0));
     const int marks = side.left + 196;
     put_title(kMarksTitle, marks, layout.stops.top - kTitleHeight, side.right);
     for (int i = 0; i < kMarkCount; ++i) {

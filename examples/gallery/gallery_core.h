@@ -6,7 +6,7 @@
 namespace gallery {
 
 /// A core that knows the skin and nothing else: no session, no lists, every request in vain.
-class GalleryCore : public CUICallBack {
+class GalleryCore final : public CUICallBack {
 public:
     explicit GalleryCore(int scale) : skin_(scale) {}
 

@@ -102,7 +102,7 @@ Canvas DrawLoginTop(int scale) {
     for (int y = 16; y < kHeight - 8; y += 20)
         canvas.Bar(kChartLeft - 12, y, kWidth - kChartLeft, 1, kDark.line);
     DrawCandles(canvas, kChartLeft, kHeight - 4);
-    // A bar of gold from the front, and its name's first letter as the trade writes it.
+    // A bar of gold, seen from the front and a little from above.
     canvas.Polygon({{42, 62}, {50, 38}, {86, 38}, {94, 62}}, kDark.accent);
     canvas.Polygon({{54, 42}, {82, 42}, {83.25, 46}, {52.75, 46}}, RGB(0xF2, 0xCB, 0x74));
     canvas.Bar(42, 62, 52, 4, RGB(0xA8, 0x79, 0x1F));
