@@ -70,7 +70,7 @@ void CPriceEditEx::OnLayout(int) {}
 
 void CPriceEditEx::OnClickOutside(int, int) {}
 
-BOOL CPriceEditEx::PreTranslateMessage(MSG* message) { return CWnd::PreTranslateMessage(message); }
+BOOL CPriceEditEx::PreTranslateMessage(MSG*) { return FALSE; }
 
 void CPriceEditEx::LayOut(int width, int height) {
     const int button = height - 2;

@@ -68,8 +68,8 @@ TEST_F(Tabs, ShowTheSelectedOneBoldAndHigher) {
     EXPECT_FALSE(texts[1].bold);
     for (const auto& text : texts) EXPECT_EQ(text.color, COLORREF{0x171717});
     // Centred in 79 pixels each, 2 between.
-    EXPECT_NEAR((texts[0].rect.left + texts[0].rect.right) / 2, 39, 1);
-    EXPECT_NEAR((texts[1].rect.left + texts[1].rect.right) / 2, 81 + 39, 1);
+    EXPECT_NEAR(texts[0].rect.left + texts[0].rect.right, 79, 2);
+    EXPECT_NEAR(texts[1].rect.left + texts[1].rect.right, 2 * 81 + 79, 2);
 }
 
 TEST_F(Tabs, ReportOnlyAnotherTab) {
