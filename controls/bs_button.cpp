@@ -9,6 +9,7 @@ namespace {
 
 constexpr COLORREF kBuyTitle = 0x093FFE;
 constexpr COLORREF kSellTitle = 0x0C8B3C;
+constexpr int kTitleDrop = 2;
 
 /// Fonts that all such buttons share, made at first use and kept.
 struct SharedFonts {
@@ -69,6 +70,8 @@ void CBSButton::PaintState(const CDC& dc, const CRect& client, int state) {
     CSkinButton::PaintState(dc, client, state);
     CRect title(client);
     title.bottom = title.top + client.Height() / 3;
+    // Clear of the border that skins have.
+    title.OffsetRect(0, kTitleDrop);
     CRect price(client);
     price.top = title.bottom;
     {

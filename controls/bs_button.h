@@ -26,7 +26,7 @@ private:
     bool IsBuy() const;
     COLORREF TitleColor(int state) const;
 
-    CPoint m_ptColor{2, 2};
+    CPoint m_ptColor{10, 0};  ///< on the border of the normal picture, which tells the side
     std::string m_strPrice;
     COLORREF m_crPrice = 0;
 };

@@ -11,6 +11,10 @@ constexpr WPARAM kTypeBits = 0xF;
 
 }  // namespace
 
+COddButton::COddButton() {
+    m_font.CreateFont(12, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "宋体");
+}
+
 BOOL COddButton::Create(LPCSTR text, DWORD style, const RECT& rect, CWnd* parent, UINT id) {
     TakeType(style);
     return CTrackButton::Create(text, style, rect, parent, id);
@@ -46,7 +50,13 @@ UINT COddButton::OnGetDlgCode() {
     return code;
 }
 
+HGDIOBJ COddButton::Font() const {
+    const LRESULT own = SendMessage(WM_GETFONT);
+    return own != 0 ? reinterpret_cast<HGDIOBJ>(own) : m_font.GetSafeHandle();
+}
+
 void COddButton::PaintState(const CDC& dc, const CRect& client, int state) {
+    const toolkit::ScopedSelect select(dc, Font());
     controls::PaintCaption(dc, client, Caption(),
                            GetSysColor(state == kDisabled ? COLOR_GRAYTEXT : COLOR_BTNTEXT));
 }

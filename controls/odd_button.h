@@ -6,6 +6,8 @@
 /// the default one, and it answers for the type it had before it became owner-drawn.
 class COddButton : public CTrackButton {
 public:
+    COddButton();
+
     /// The type in `style` is the one it answers for.
     BOOL Create(LPCSTR text, DWORD style, const RECT& rect, CWnd* parent, UINT id);
 
@@ -21,8 +23,11 @@ protected:
 
 private:
     void TakeType(DWORD style);
+    /// The one that was set, as dialogs do, or one of our own.
+    HGDIOBJ Font() const;
 
     DWORD m_nType = BS_PUSHBUTTON;  ///< before it became owner-drawn
+    CFont m_font;
     bool m_bDefault = false;
     bool m_bCanDefault = false;
 };
