@@ -71,6 +71,7 @@ void CTrackButton::DrawItem(LPDRAWITEMSTRUCT item) {
                        reinterpret_cast<LPARAM>(m_hWnd)));
     if (ground) dc.FillRect(&client, ground);
     dc.SetBkMode(TRANSPARENT);
+    const toolkit::ScopedSelect font(dc, reinterpret_cast<HFONT>(SendMessage(WM_GETFONT)));
     PaintState(dc, client, ShownState());
     dc.Detach();
     surface.CopyTo(item->hDC);
