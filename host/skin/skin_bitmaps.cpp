@@ -42,15 +42,16 @@ constexpr ButtonLook kMinus = {
 constexpr ButtonLook kPlus = {
     22, 22, kEditGround, kInputFaces, Symbol::kPlus, kLight.secondary, kLight.accent, kLight.faint};
 
-/// Dark faces framed in the colour of their side.
+/// Dark faces framed in the colour of their side. Disabled captions are made of the normal frame's
+/// colour, so it is one that can be read.
 constexpr Faces Sided(COLORREF normal, COLORREF hover) {
     return {{RGB(0x18, 0x1D, 0x23), normal},
             {RGB(0x22, 0x29, 0x31), hover},
             {RGB(0x10, 0x13, 0x17), normal},
             kDark.plain.disabled};
 }
-constexpr Faces kBuyFaces = Sided(RGB(0x8E, 0x38, 0x3E), kDark.buy);
-constexpr Faces kSellFaces = Sided(RGB(0x22, 0x70, 0x4A), kDark.sell);
+constexpr Faces kBuyFaces = Sided(RGB(0xB8, 0x47, 0x4E), kDark.buy);
+constexpr Faces kSellFaces = Sided(RGB(0x2A, 0x8F, 0x5C), kDark.sell);
 
 constexpr ButtonLook kBigBuy = {96, 48, kPanelGround, kBuyFaces};
 constexpr ButtonLook kBigSell = {96, 48, kPanelGround, kSellFaces};

@@ -151,6 +151,20 @@ TEST(SkinBitmaps, TheExpanderHasOneColourOnPureWhite) {
     EXPECT_EQ(colors, (std::set<COLORREF>{RGB(255, 255, 255), skin::kLight.secondary}));
 }
 
+TEST(SkinBitmaps, FramesOfTradeButtonsCanBeReadOnDisabledFaces) {
+    SkinBitmaps skin;
+    std::set<COLORREF> frames;
+    for (const int index : {1, 2, 3, 4}) {
+        HBITMAP const bitmap = skin.Get(kSkinPanels, index);
+        const int width = index < 3 ? 96 : 48;
+        const COLORREF frame = PixelsOf(bitmap, 0, width, 1)[10];
+        const std::vector<COLORREF> disabled = PixelsOf(bitmap, 3, width, 11);
+        EXPECT_GE(Contrast(frame, disabled[static_cast<std::size_t>(10 * width + 10)]), 3.0);
+        frames.insert(frame);
+    }
+    EXPECT_EQ(frames.size(), 2U) << "the frame tells buy from sell";
+}
+
 TEST(SkinBitmaps, FinerOnesKeepTheirSize) {
     SkinBitmaps fine(2);
     for (const Served& served : kServed) {
