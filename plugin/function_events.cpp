@@ -3,6 +3,7 @@
 #include "plugin/event_call.h"
 #include "plugin/event_cases.h"
 #include "plugin/function_reply.h"
+#include "plugin/settings/login_blocks.h"
 #include "plugin/settings/process_values.h"
 
 namespace events {
@@ -36,6 +37,7 @@ void ReportMarginCall(EventCall& call) {
 
 // Nothing is shown of a failure: the request told its own page, and the reply has no text.
 void OnFunctionResult(EventCall& call) {
+    TellLoginDialog(call.wParam, call.lParam);
     const auto* number = call.Record<std::int32_t>();
     if (call.Failed() || number == nullptr) return;
     const int function = *number;

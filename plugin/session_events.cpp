@@ -60,11 +60,7 @@ void OnConnectionLost(EventCall& call) {
 }
 
 // It is about the login alone; the payload is the core's own and good for this call only.
-void OnSettleResult(EventCall& call) {
-    if (::IsWindow(g_hLoginDlg)) {
-        ::SendMessageA(g_hLoginDlg, WM_CORE_EVENT, call.wParam, call.lParam);
-    }
-}
+void OnSettleResult(EventCall& call) { TellLoginDialog(call.wParam, call.lParam); }
 
 void OnLoginResult(EventCall& call) { TakeLoginBlock(call.wParam, call.lParam); }
 

@@ -15,9 +15,13 @@ std::vector<void*>& Kept() {
 
 }  // namespace
 
+void TellLoginDialog(WPARAM wParam, LPARAM lParam) {
+    if (::IsWindow(g_hLoginDlg)) ::SendMessageA(g_hLoginDlg, WM_CORE_EVENT, wParam, lParam);
+}
+
 void TakeLoginBlock(WPARAM wParam, LPARAM lParam) {
     if (::IsWindow(g_hLoginDlg)) {
-        ::SendMessageA(g_hLoginDlg, WM_CORE_EVENT, wParam, lParam);
+        TellLoginDialog(wParam, lParam);
     } else if (lParam != 0) {
         Kept().push_back(reinterpret_cast<void*>(lParam));
     }

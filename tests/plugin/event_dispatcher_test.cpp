@@ -181,6 +181,7 @@ protected:
 };
 
 TEST_F(CoreEvents, AboutALoginGoToTheOpenLoginDialog) {
+    const int before = tests::LiveBlocks();
     const std::size_t kept = KeptLoginBlocks().size();
     LoginWindow login;
     login.CreateEx(0, nullptr, "", WS_POPUP, CRect(0, 0, 10, 10), &frame, 0);
@@ -189,7 +190,11 @@ TEST_F(CoreEvents, AboutALoginGoToTheOpenLoginDialog) {
     SendFailed(EV_LOGIN_RESULT, TextBlock("密码错误"));
     char record[8] = "core's";
     Send(EV_SETTLE_RESULT, reinterpret_cast<LPARAM>(record));
-    EXPECT_THAT(login.events, testing::ElementsAre(0x09, 0x40009, 0x04));
+    Send(EV_FUNCTION_RESULT, NumberedBlock(6095, "reply"));
+    SendFailed(EV_FUNCTION_RESULT, NumberedBlock(6095, ""));
+    Send(EV_SETTLE_RESULT, 0);
+    EXPECT_THAT(login.events, testing::ElementsAre(0x09, 0x40009, 0x04, 0x31, 0x40031, 0x04));
+    EXPECT_EQ(before, tests::LiveBlocks());
     EXPECT_EQ(kept, KeptLoginBlocks().size());
     g_hLoginDlg = nullptr;
 }
