@@ -236,6 +236,26 @@ TEST_F(RadioTest, SpaceClicksOnAFreshPressOnly) {
     EXPECT_FALSE(check_.IsChecked());
 }
 
+TEST_F(RadioTest, TheFocusIsShownWhenAKeyBroughtIt) {
+    constexpr COLORREF kRing = RGB(0x2F, 0x6D, 0xB3);
+    const auto rings = [this] {
+        int pixels = 0;
+        for (int y = 0; y < 20; ++y) {
+            for (int x = 16; x < 100; ++x) pixels += PixelOf(radio_, x, y) == kRing ? 1 : 0;
+        }
+        return pixels;
+    };
+    Click(radio_);
+    EXPECT_EQ(rings(), 0);
+    stage_.SetFocus();
+    radio_.SetFocus();
+    Pump();
+    EXPECT_GT(rings(), 20);
+    radio_.EnableWindow(FALSE);
+    Pump();
+    EXPECT_EQ(rings(), 0);
+}
+
 TEST_F(RadioTest, StandsForAButtonOfATemplate) {
     const HWND button = ::CreateWindowExA(
         0, "Button", "开仓", WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTORADIOBUTTON, 20, 100, 100,
