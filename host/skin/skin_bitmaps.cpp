@@ -50,7 +50,7 @@ constexpr Faces Sided(COLORREF normal, COLORREF hover) {
             {RGB(0x10, 0x13, 0x17), normal},
             kDark.plain.disabled};
 }
-constexpr Faces kBuyFaces = Sided(RGB(0xB8, 0x47, 0x4E), kDark.buy);
+constexpr Faces kBuyFaces = Sided(RGB(0xC0, 0x4B, 0x53), kDark.buy);
 constexpr Faces kSellFaces = Sided(RGB(0x2A, 0x8F, 0x5C), kDark.sell);
 
 constexpr ButtonLook kBigBuy = {96, 48, kPanelGround, kBuyFaces};
