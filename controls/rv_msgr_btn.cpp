@@ -10,11 +10,12 @@ END_MESSAGE_MAP()
 namespace {
 
 constexpr COLORREF kGround = 0xB16023;
+constexpr COLORREF kDisabledGround = 0xE0D7CC;
 constexpr COLORREF kHighlights[] = {0xFFFFFF, 0xFFF8EC, 0xFFF4BA};
 constexpr COLORREF kHotFrames[] = {0x33B8FB, 0x62E7FF};
 constexpr int kFaceStart = 0xEC;
 constexpr int kPressedFaceStart = 0xCC;
-constexpr int kFaceStep = 2;
+constexpr int kFaceStep = 1;
 constexpr int kFaceEnd = 0x90;
 
 void Line(const CDC& dc, int left, int y, int right, COLORREF color) {
@@ -37,7 +38,7 @@ void Frame(const CDC& dc, const CRect& rect, COLORREF color) {
 }  // namespace
 
 void CRvMsgrBtn::PaintState(const CDC& dc, const CRect& client, int state) {
-    dc.FillSolidRect(client, kGround);
+    dc.FillSolidRect(client, state == kDisabled ? kDisabledGround : kGround);
     CRect face(client);
     face.DeflateRect(1, 1);
     int shade = state == kPressed ? kPressedFaceStart : kFaceStart;

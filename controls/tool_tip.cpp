@@ -96,11 +96,11 @@ bool CToolTip::TakeText(const char* text) {
         Hide();
         return false;
     }
-    if (std::strcmp(text, m_szText.data()) == 0) return false;
+    if (!GetSafeHwnd() || std::strcmp(text, m_szText.data()) == 0) return false;
     const std::size_t length = text::PrefixLength(text, kTextSize - 1);
     std::memcpy(m_szText.data(), text, length);
     m_szText[length] = '\0';
-    return GetSafeHwnd() != nullptr;
+    return true;
 }
 
 void CToolTip::ShowAt(CPoint corner, CSize size) {

@@ -225,6 +225,26 @@ TEST_F(Buttons, TheTipComesWhenThePointerRests) {
     EXPECT_EQ(tip(), "");
 }
 
+TEST_F(Buttons, TheTipStaysWhileThePointerStays) {
+    CBmpButton button;
+    Make(button, "导出");
+    button.SetTip("导出成交");
+    const POINT place = ScreenPoint(button, 10, 10);
+    MovePointer(place);
+    PumpFor(300);
+    const HWND tip = ::GetTopWindow(nullptr);
+    ASSERT_NE(tip, stage_.m_hWnd);
+    ASSERT_TRUE(::IsWindowVisible(tip));
+    button.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(10, 10));
+    EXPECT_TRUE(::IsWindowVisible(tip));
+    button.SendMessage(WM_MOUSEMOVE, 0, MAKELPARAM(11, 10));
+    EXPECT_FALSE(::IsWindowVisible(tip));
+    PumpFor(300);
+    EXPECT_TRUE(::IsWindowVisible(tip));
+    button.DestroyWindow();
+    EXPECT_FALSE(::IsWindow(tip));
+}
+
 TEST_F(Buttons, FlatButtonsTakeTheirStyleFromTheState) {
     CBmpButtonNoPic button;
     Make(button, "平仓1%");

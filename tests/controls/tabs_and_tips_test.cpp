@@ -222,6 +222,34 @@ TEST_F(Tips, LeavingHidesItems) {
     EXPECT_TRUE(parent_.items.empty());
 }
 
+TEST_F(Tips, TellTheReceiverThatWasNamed) {
+    Listener other;
+    tip_.SetNotify(other);
+    ShowItems();
+    platform::testing::ClickAt({Place().left + 5, Place().top + 5});
+    EXPECT_EQ(other.items, std::vector<LPARAM>{11});
+    EXPECT_TRUE(parent_.items.empty());
+}
+
+TEST_F(Tips, MayStandUnderThePointerUntilItLeaves) {
+    tip_.SetHideOnMove(false);
+    tip_.ShowText("text\r\n", CPoint(400, 300), 0);
+    MovePointer({Place().left + 3, Place().top + 3});
+    Pump();
+    EXPECT_TRUE(tip_.IsWindowVisible());
+    MovePointer({1200, 780});
+    Pump();
+    EXPECT_FALSE(tip_.IsWindowVisible());
+}
+
+TEST_F(Tips, RememberNothingOfTheTimeBeforeTheirWindow) {
+    CToolTip tip;
+    tip.ShowText("text\r\n", CPoint(400, 300), 0);
+    tip.Create(controls::kEmptyDialog, &parent_);
+    tip.ShowText("text\r\n", CPoint(400, 300), 0);
+    EXPECT_TRUE(tip.IsWindowVisible());
+}
+
 TEST(ColorTags, AreReadFromTheLastTag) {
     const struct {
         const char* text;
