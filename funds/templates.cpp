@@ -77,9 +77,14 @@ constexpr DialogTemplate Page(UINT id, std::span<const DialogControl> controls, 
             .controls = controls};
 }
 
+// The bank page paints behind its tabs, which show its ground where they have no picture.
 constexpr DialogTemplate kDialogs[] = {
     Page(CQueryAccountDlg::IDD, {}),
-    Page(CTranAccountDlg::IDD, {}),
+    {.id = CTranAccountDlg::IDD,
+     .style = toolkit::kPageStyle,
+     .ex_style = WS_EX_CONTROLPARENT,
+     .width = Units(760),
+     .height = Units(324)},
     Page(CTranAccountChildDlg::IDD, kTranAccountControls, 760),
     Page(CGoldFundsdlg::IDD, kFundsControls),
     Page(CSettlementDlg::IDD, kSettlementControls),

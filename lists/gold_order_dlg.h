@@ -18,6 +18,9 @@ public:
     static constexpr int kCancel = 10009;
     static constexpr int kCancelAll = 10021;
 
+    /// The window goes first, while the members that paint it are still there.
+    ~CGoldOrderDlg() override { DestroyWindow(); }
+
     /// The host of the panels; may be null.
     void SetOwner(PanelHost* host) { m_pPanelHost = host; }
     void Connect(const ContractSource* contracts) { m_pContracts = contracts; }

@@ -23,6 +23,9 @@ public:
     static constexpr int kClose100 = 10030;
     static constexpr int kStop = 10031;
 
+    /// The window goes first, while the members that paint it are still there.
+    ~CGoldPositionDlg() override { DestroyWindow(); }
+
     /// Sums over all totals, as of the last Refresh.
     double m_dProfitOpen = 0;
     double m_dProfitHold = 0;

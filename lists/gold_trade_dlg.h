@@ -16,6 +16,9 @@ public:
     static constexpr int kMode = 10008;
     static constexpr int kExport = 10044;
 
+    /// The window goes first, while the members that paint it are still there.
+    ~CGoldTradeDlg() override { DestroyWindow(); }
+
     void Connect(const ContractSource* contracts) { m_pContracts = contracts; }
     /// Reads the trades from the core and shows them.
     void Refresh();

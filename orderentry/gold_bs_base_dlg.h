@@ -13,6 +13,8 @@ public:
 
     /// The pane must outlive this page.
     explicit CGoldBSBaseDlg(ReportPane& report) : m_report(report) {}
+    /// The window goes first, while the pages in it are still there.
+    ~CGoldBSBaseDlg() override { DestroyWindow(); }
 
     /// Reads the contracts from the core into the array and the process-wide table. The order page
     /// lets its contract go first; panels must have done so before.

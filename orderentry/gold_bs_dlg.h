@@ -40,6 +40,9 @@ public:
     static constexpr int kReset = 10023;
     static constexpr int kAskMaxVolume = 10021;
 
+    /// The window goes first, while the members that paint it are still there.
+    ~CGoldBsDlg() override { DestroyWindow(); }
+
     /// Pixels that the page takes of its container.
     static constexpr int kWidth = 220;
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include "controls/bmp_button.h"
+#include "controls/bs_button.h"
+#include "controls/ower_check_box.h"
+#include "orderentry/price_edit.h"
 #include "orderentry/stop_check_listener.h"
 #include "platform/toolkit/toolkit.h"
 #include "plugin/contract/codes.h"
@@ -26,6 +30,9 @@ public:
     static constexpr int kSellFirst = 10016;
     static constexpr int kSellSecond = 10022;
 
+    /// The window goes first, while the members that paint it are still there.
+    ~CPanelBSDlg() override { DestroyWindow(); }
+
     /// Who hears of changed stops; may be null.
     void Connect(StopCheckListener* listener) { m_pStopListener = listener; }
     /// Null for none, which disables what trades.
@@ -36,8 +43,14 @@ public:
     void ReloadSettings();
 
 protected:
+    void DoDataExchange(CDataExchange* exchange) override;
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
+
+    BOOL OnEraseBkgnd(CDC* dc);
+    HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);
+    DECLARE_MESSAGE_MAP()
 
 private:
     StopCheckListener* m_pStopListener = nullptr;
@@ -46,4 +59,15 @@ private:
     char m_cOffset = kOffsetOpen;
     CHostSymbol m_stSymbol{};
     int m_nLinkedPosition = 0;
+    CPriceEdit m_price{63};
+    COwerRadio m_open;
+    COwerRadio m_close;
+    COwerCheckBox m_net;
+    COwerCheckBox m_stops;
+    COwerCheckBox m_autoStop;
+    CBmpButton m_reset;
+    CBSButton m_buy;
+    CBSButton m_sell;
+    CBmpButton m_small[4];
+    CBrush m_controlGround{0x292929};
 };

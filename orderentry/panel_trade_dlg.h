@@ -13,6 +13,8 @@ public:
     static constexpr UINT IDD = 1027;
 
     explicit CPanelTradeDlg(std::unique_ptr<PanelParts> parts) : m_parts(std::move(parts)) {}
+    /// The window goes first, while the pages in it are still there.
+    ~CPanelTradeDlg() override { DestroyWindow(); }
 
     /// Who hears of stops that were changed here.
     void SetOwner(StopCheckListener* owner) { m_bs.Connect(owner); }

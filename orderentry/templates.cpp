@@ -34,10 +34,10 @@ constexpr DWORD kHiddenCheck = BS_AUTOCHECKBOX | WS_TABSTOP;
 constexpr DialogControl kBsControls[] = {
     Label(CGoldBsDlg::kContractLabel, "合约名称:", Pixels(8, 18, 60, 16)),
     DropDown(CGoldBsDlg::kContract, Pixels(68, 12, 144, 240), CBS_DROPDOWN | CBS_AUTOHSCROLL),
-    Label(CGoldBsDlg::kDirectionLabel, "买卖方向:", Pixels(8, 44, 60, 18)),
+    Label(CGoldBsDlg::kDirectionLabel, "买卖方向:", Pixels(8, 44, 60, 18), SS_CENTERIMAGE),
     RadioButton(CGoldBsDlg::kBuy, "买入", Pixels(68, 44, 45, 18), WS_GROUP),
     RadioButton(CGoldBsDlg::kSell, "卖出", Pixels(118, 44, 45, 18)),
-    Label(CGoldBsDlg::kOffsetLabel, "开平状态:", Pixels(8, 72, 60, 18)),
+    Label(CGoldBsDlg::kOffsetLabel, "开平状态:", Pixels(8, 72, 60, 18), SS_CENTERIMAGE),
     RadioButton(CGoldBsDlg::kOpen, "开仓", Pixels(68, 72, 45, 18), WS_GROUP),
     RadioButton(CGoldBsDlg::kClose, "平仓", Pixels(118, 72, 45, 18)),
     Control(CGoldBsDlg::kNet, "Button", "自动",

@@ -29,6 +29,9 @@ public:
 protected:
     BOOL OnInitDialog() override;
 
+    void OnSize(UINT type, int cx, int cy);
+    DECLARE_MESSAGE_MAP()
+
 private:
     void PlaceButtons();
 };
