@@ -2,10 +2,13 @@
 
 #include <map>
 #include <memory>
+#include <string_view>
 
+#include "orderentry/number_rules.h"
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/core_access.h"
 #include "plugin/contract/host_function.h"
+#include "plugin/settings/process_values.h"
 
 namespace {
 
@@ -20,10 +23,61 @@ ULONG_PTR Ask(UINT message, WPARAM wParam, const void* record) {
     return g_pfnHostCallBack(message, wParam, reinterpret_cast<LPARAM>(record));
 }
 
+constexpr std::string_view kSpotMarket = "GT-S";
+
+struct ProductFactor {
+    std::string_view code;
+    MarginProduct product;
+};
+constexpr ProductFactor kProducts[] = {
+    {"Ag(T+D)", MARGIN_AG_TD}, {"Au(T+D)", MARGIN_AU_TD},  {"mAu(T+D)", MARGIN_MAU_TD},
+    {"Au100g", MARGIN_AU100G}, {"Au99.99", MARGIN_AU9999}, {"Au99.95", MARGIN_AU9995},
+};
+
+/// Is there a factor of the contract's own?
+bool FindContractMargin(const std::string& code, double* factor) {
+    constexpr double kNone = 1e-7;
+    const auto found = g_mapContractMargin.find(code);
+    if (found == g_mapContractMargin.end() || !(found->second > kNone)) return false;
+    *factor = found->second;
+    return true;
+}
+
+double MarginFactor(const CZebContract& contract) {
+    const std::string code = ContractCode(contract);
+    double factor = 0;
+    if (FindContractMargin(code, &factor)) return factor;
+    for (const ProductFactor& product : kProducts) {
+        if (product.code == code) return g_dMarginFactor[product.product];
+    }
+    return 0;
+}
+
 }  // namespace
 
+std::string ContractCode(const CZebContract& contract) {
+    return std::string(text::FieldText(contract.szContract));
+}
+
+bool IsSpot(const CZebContract& contract) {
+    return text::FieldText(contract.szMarket) == kSpotMarket;
+}
+
+bool HasOffset(const char* code) {
+    const CZebContract* const contract = CContractManager::FindContract(code ? code : "");
+    return contract == nullptr || !IsSpot(*contract);
+}
+
+double GetMarginPerLot(const CZebContract* contract, double price) {
+    return contract != nullptr ? price * MarginFactor(*contract) : 0;
+}
+
+int GetMarginPerLotInt(const CZebContract* contract, double price) {
+    return Truncated(GetMarginPerLot(contract, price));
+}
+
 void CContractManager::AddContract(const CZebContract& contract) {
-    auto& place = Contracts()[std::string(text::FieldText(contract.szContract))];
+    auto& place = Contracts()[ContractCode(contract)];
     if (place == nullptr) place = std::make_unique<CZebContract>(contract);
 }
 

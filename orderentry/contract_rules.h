@@ -25,6 +25,20 @@ public:
     virtual const CZebContract* FindContractByCode(const char* code) const = 0;
 };
 
+/// The record's code as a text of its own.
+std::string ContractCode(const CZebContract& contract);
+
+/// A spot contract knows neither opening nor closing.
+bool IsSpot(const CZebContract& contract);
+/// Do orders of this contract open and close? So do those of a contract that nobody knows.
+bool HasOffset(const char* code);
+
+/// Money that a lot takes at a price. Not positive: no factor is known here, and the core must be
+/// asked. 0 without a contract and for a contract without a factor.
+double GetMarginPerLot(const CZebContract* contract, double price);
+/// The same without its fraction.
+int GetMarginPerLotInt(const CZebContract* contract, double price);
+
 // Questions to the host. Without a host nothing is found.
 
 /// False when the host does not know the contract.
