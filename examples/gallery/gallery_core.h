@@ -6,9 +6,10 @@
 namespace gallery {
 
 /// A core that knows the skin and nothing else: no session, no lists, every request in vain.
-class GalleryCore final : public CUICallBack {
+class GalleryCore : public CUICallBack {
 public:
     explicit GalleryCore(int scale) : skin_(scale) {}
+    virtual ~GalleryCore() = default;
 
     HBITMAP GetSkinBitmap(int group, int index) override { return skin_.Get(group, index); }
     COLORREF GetSkinColor() override;
