@@ -42,8 +42,9 @@ MaxVolumeAnswer EstimateByFunds(const MaxVolumeQuestion& question) {
 
 int ReadLots(const char* text) { return ReadInteger(text); }
 
-int SteppedLots(const char* text, int delta) {
-    return std::max(1, Saturated(static_cast<long long>(ReadInteger(text)) - delta));
+std::string StepVolume(const char* text, int delta) {
+    return std::to_string(
+        std::max(1, Saturated(static_cast<long long>(ReadInteger(text)) - delta)));
 }
 
 int GetCloseVolume(const CZebPosition* positions, int count, const char* contract, char direction) {

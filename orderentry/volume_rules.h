@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "plugin/contract/market_records.h"
 #include "plugin/contract/order_records.h"
 #include "plugin/contract/position_records.h"
@@ -9,7 +11,7 @@
 /// Lots of a volume box; below 1 it holds no volume.
 int ReadLots(const char* text);
 /// What a volume box shows after a click on its spin with this delta (-1 for up): at least 1.
-int SteppedLots(const char* text, int delta);
+std::string StepVolume(const char* text, int delta);
 
 /// Lots that an order of this direction can close: those not frozen of the first position of the
 /// contract with another direction; 0 without one.

@@ -54,7 +54,7 @@ double AbsolutePrice(bool checked, const char* text);
 std::string SuggestedPrice(const CZebContract* contract, int sign);
 
 /// What edits show after a click on their spin with this delta (-1 for up). Counts and distances go
-/// no lower than 1 (SteppedLots), adjustments anywhere.
+/// no lower than 1 (StepVolume), adjustments anywhere.
 std::string SteppedAdjustment(const char* text, int delta);
 /// A price goes no lower than a tick.
 std::string SteppedStopPrice(const char* text, int delta, const CZebContract& contract);
