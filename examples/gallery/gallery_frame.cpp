@@ -38,7 +38,7 @@ BOOL GalleryFrame::CreateFrame() {
 
 int GalleryFrame::OnCreate(LPCREATESTRUCT create) {
     if (CWnd::OnCreate(create) == -1 || !page_.CreatePage(this)) return -1;
-    if (!front_.CreatePage(this, kFrontPage) || !tabs_.Create(this, kPages)) return -1;
+    if (!tabs_.Create(this, kPages)) return -1;
     tabs_.AddTab("标准控件");
     tabs_.AddTab("交易控件");
     return list_.CreateList(this, kRows, CRect(0, 0, 0, 0)) ? 0 : -1;
@@ -59,14 +59,20 @@ void GalleryFrame::Arrange() {
     const int top = kViewTop + page.Height() + 2 * kMargin;
     list_.MoveWindow(kMargin, top, std::max(client.Width() - 2 * kMargin, 0),
                      std::max(client.Height() - top - kMargin, 0));
+    if (front_.GetSafeHwnd() == nullptr) return;
     front_.MoveWindow(0, kViewTop, client.Width(), std::max(client.Height() - kViewTop, 0));
 }
 
 void GalleryFrame::ShowChosen() {
     const bool standard = tabs_.GetCurSel() == 0;
+    // Made when it is first wanted, so that the window opens at once.
+    if (!standard && front_.GetSafeHwnd() == nullptr) {
+        front_.CreatePage(this, kFrontPage);
+        Arrange();
+    }
     page_.ShowWindow(standard ? SW_SHOW : SW_HIDE);
     list_.ShowWindow(standard ? SW_SHOW : SW_HIDE);
-    front_.ShowWindow(standard ? SW_HIDE : SW_SHOW);
+    if (front_.GetSafeHwnd()) front_.ShowWindow(standard ? SW_HIDE : SW_SHOW);
 }
 
 void GalleryFrame::OnTab(NMHDR*, LRESULT* result) {
