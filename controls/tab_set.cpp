@@ -34,9 +34,7 @@ constexpr TabText kPlainText{12, FW_NORMAL, 5};
 
 }  // namespace
 
-CTabSet::CTabSet() : m_hMemDC(::CreateCompatibleDC(nullptr)) {}
-
-CTabSet::~CTabSet() { ::DeleteDC(m_hMemDC); }
+CTabSet::CTabSet() { m_hMemDC.CreateCompatibleDC(nullptr); }
 
 BOOL CTabSet::Create(CWnd* parent, int id) {
     m_pParent = parent;

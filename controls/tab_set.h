@@ -8,7 +8,6 @@
 class CTabSet : public CWnd {
 public:
     CTabSet();
-    ~CTabSet() override;
 
     /// An empty row; it gets its place by MoveWindow.
     BOOL Create(CWnd* parent, int id);
@@ -48,6 +47,6 @@ private:
     int m_nMarked = -1;  ///< looks selected as well
     int m_nTabWidth = 79;
     EArray<ButtonInfo> m_tabs{32};
-    HDC m_hMemDC;  ///< the skin is selected into it while a tab is painted
+    CDC m_hMemDC;  ///< the skin is selected into it while a tab is painted
     int m_bHover = 0;
 };
