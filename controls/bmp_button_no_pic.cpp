@@ -9,17 +9,20 @@ constexpr CBmpButtonNoPic::Style kStyles[] = {
     {RGB(0xF3, 0xF5, 0xF8), RGB(0xD9, 0xE0, 0xE7), RGB(0x84, 0x90, 0x9C)},
 };
 
-// Corners of 2 pixels: the parent's ground shows in the outermost one.
+// Corners of 2 pixels: the parent's ground shows in the outermost one, the frame closes diagonally.
 void PaintBox(const CDC& dc, const CRect& rect, COLORREF ground, COLORREF frame) {
     CRect wide(rect);
     wide.DeflateRect(0, 1);
     CRect high(rect);
     high.DeflateRect(1, 0);
-    dc.FillSolidRect(wide, frame);
-    dc.FillSolidRect(high, frame);
     CRect inner(rect);
     inner.DeflateRect(1, 1);
+    dc.FillSolidRect(wide, frame);
+    dc.FillSolidRect(high, frame);
     dc.FillSolidRect(inner, ground);
+    for (const LONG x : {inner.left, inner.right - 1}) {
+        for (const LONG y : {inner.top, inner.bottom - 1}) ::SetPixel(dc, int{x}, int{y}, frame);
+    }
 }
 
 }  // namespace

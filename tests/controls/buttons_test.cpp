@@ -252,6 +252,10 @@ TEST_F(Buttons, FlatButtonsTakeTheirStyleFromTheState) {
     button.SetStyle(9, {0, 0, 0});
     EXPECT_EQ(GroundOf(button), RGB(1, 2, 3));
     EXPECT_EQ(Caption(button).color, RGB(7, 8, 9));
+    const CClientDC dc(&button);
+    EXPECT_EQ(dc.GetPixel(0, 10), RGB(4, 5, 6));
+    EXPECT_EQ(dc.GetPixel(79, 39), dc.GetPixel(0, 0));
+    EXPECT_NE(dc.GetPixel(0, 0), RGB(4, 5, 6)) << "the corner is the parent's";
     EXPECT_EQ(button.m_nValue, 0);
 }
 
