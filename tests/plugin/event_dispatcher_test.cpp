@@ -5,6 +5,7 @@
 
 #include "plugin/contract/core_access.h"
 #include "plugin/contract/tagged_block.h"
+#include "plugin/event_post.h"
 #include "plugin/settings/login_blocks.h"
 #include "plugin/settings/process_values.h"
 #include "tests/plugin/live_blocks.h"
@@ -149,6 +150,21 @@ TEST_F(CoreEvents, PassWithoutACoreAndWithoutAHost) {
     }
     for (const int code : {0x08, 0x17, 0x28, 0x2A, 0x2B, 0x2D}) Send(code);
     EXPECT_EQ(before, tests::LiveBlocks());
+}
+
+TEST_F(CoreEvents, ThatWaitForAMainDialogThatGoesLoseTheirBlocks) {
+    shell.reset();
+    const int before = tests::LiveBlocks();
+    MakeShell();
+    PostCoreEvent(EV_ORDER_CHANGE, Outcome::kDone, EmptyBlock(1032));
+    PostCoreEvent(EV_BATCH_QUERY_RESULT, Outcome::kFailed, EmptyBlock(1028));
+    PostCoreEventValue(EV_CONNECTION_LOST, -1);
+    shell.reset();
+    EXPECT_EQ(before, tests::LiveBlocks());
+    PostCoreEvent(EV_ORDER_CHANGE, Outcome::kDone, EmptyBlock(1032));
+    EXPECT_EQ(before, tests::LiveBlocks());
+    MakeShell();
+    EXPECT_EQ("", TakeLog());
 }
 
 TEST_F(CoreEvents, AboutALoginKeepTheirBlockForGood) {

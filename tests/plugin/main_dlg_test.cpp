@@ -61,6 +61,15 @@ TEST_F(MainDialog, LaysMenuAndPagesOut) {
     }
 }
 
+TEST_F(MainDialog, ShowsTheSkinsColourBetweenMenuAndPage) {
+    core.skin_color = RGB(0x12, 0x34, 0x56);
+    shell->Invalidate();
+    shell->UpdateWindow();
+    CDC* dc = shell->GetDC();
+    for (const int x : {0, 140, 142}) EXPECT_EQ(core.skin_color, ::GetPixel(*dc, x, 200)) << x;
+    shell->ReleaseDC(dc);
+}
+
 TEST_F(MainDialog, ShowsAndHidesOnePageAtATime) {
     struct {
         int page;

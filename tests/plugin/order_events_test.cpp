@@ -7,7 +7,16 @@
 
 namespace {
 
-using OrderEvents = tests::ShellTest;
+class OrderEvents : public tests::ShellTest {
+protected:
+    // One record in each list, so that reading one shows.
+    OrderEvents() {
+        core.positions.resize(1);
+        core.position_details.resize(1);
+        core.trades.resize(1);
+        core.orders.resize(1);
+    }
+};
 
 CZebOrder Order() {
     CZebOrder order{};
@@ -41,12 +50,12 @@ TEST_F(OrderEvents, ReadPositionsLotsAndTradesForATradeBeforeItsLine) {
     Send(EV_TRADE, RecordBlock(trade));
     EXPECT_EQ(::GetTickCount(), g_dwLastActivityTick);
     EXPECT_GBK_EQ(
-        "GetPositionList(count); GetPositionDetailList(count); GetTradeList(count); "
+        "GetPositionList(read); GetPositionDetailList(read); GetTradeList(read); "
         "ShowStatusText(\"Au(T+D)|卖|平今|保值|成交价:0.00|成交数:0|成交号:\", 3069)",
-        TakeLog({"GetPositionList(count", "GetPositionDetailList(count", "GetTradeList(count",
+        TakeLog({"GetPositionList(read", "GetPositionDetailList(read", "GetTradeList(read",
                  "ShowStatus"}));
     Send(EV_TRADE);
-    EXPECT_EQ("GetTradeList(count)", TakeLog({"GetTradeList(count", "ShowStatus"}));
+    EXPECT_EQ("GetTradeList(read)", TakeLog({"GetTradeList(read", "ShowStatus"}));
 }
 
 TEST_F(OrderEvents, PassAMaximumVolumeOnWhileItsBlockIsAlive) {
@@ -64,16 +73,16 @@ TEST_F(OrderEvents, RereadTheListThatChangedAndThenPassTheEventOn) {
         int code;
         const char* effects;
     } const cases[] = {
-        {EV_POSITION_LIST, "GetPositionList(count)"},
-        {EV_TRADE_LIST, "GetTradeList(count); ForwardEvent(0x600, 0x2A)"},
-        {EV_ORDER_LIST, "GetOrderList(count); notice; ForwardEvent(0x600, 0x2B)"},
-        {EV_POSITION_GROUP_LIST, "GetPositionDetailList(count); ForwardEvent(0x600, 0x2D)"},
+        {EV_POSITION_LIST, "GetPositionList(read)"},
+        {EV_TRADE_LIST, "GetTradeList(read); ForwardEvent(0x600, 0x2A)"},
+        {EV_ORDER_LIST, "GetOrderList(read); notice; ForwardEvent(0x600, 0x2B)"},
+        {EV_POSITION_GROUP_LIST, "GetPositionDetailList(read); ForwardEvent(0x600, 0x2D)"},
     };
     for (const auto& one : cases) {
         Send(one.code);
         EXPECT_EQ(one.effects,
-                  TakeLog({"GetPositionList(count", "GetPositionDetailList(count", "GetTradeList(c",
-                           "GetOrderList(c", "ForwardEvent", "notice"}))
+                  TakeLog({"GetPositionList(read", "GetPositionDetailList(read",
+                           "GetTradeList(read", "GetOrderList(read", "ForwardEvent", "notice"}))
             << one.code;
     }
 }
@@ -84,11 +93,11 @@ TEST_F(OrderEvents, LetPanelsReadPositionsBehindTheListAndOrdersFromIt) {
     AddPanel("b");
     log.clear();
     Send(EV_POSITION_LIST);
-    EXPECT_EQ("GetPositionList(count); a positions; b positions",
-              TakeLog({"GetPositionList(count", "a ", "b "}));
+    EXPECT_EQ("GetPositionList(read); a positions; b positions",
+              TakeLog({"GetPositionList(read", "a positions", "b positions"}));
     Send(EV_ORDER_LIST);
-    EXPECT_EQ("GetOrderList(count); a 3 orders; b 3 orders; notice; ForwardEvent(0x600, 0x2B)",
-              TakeLog({"GetOrderList(count", "a ", "b ", "notice", "ForwardEvent"}));
+    EXPECT_EQ("GetOrderList(read); a 3 orders; b 3 orders; notice; ForwardEvent(0x600, 0x2B)",
+              TakeLog({"GetOrderList(read", "a 3", "b 3", "notice", "ForwardEvent"}));
 }
 
 TEST_F(OrderEvents, ConsumeTheFileOfAnExport) {
