@@ -20,7 +20,7 @@ int ReadRecords(EArray<Record>& list, int spare, const Read& read) {
                     static_cast<std::size_t>(room) * sizeof(Record));
     }
     const int count = std::min(promised, room);
-    const int came = count > 0 ? std::clamp(read(list.GetData(), count), 0, count) : 0;
+    const int came = room > 0 ? std::clamp(read(list.GetData(), count), 0, count) : 0;
     list.SetSize(count);
     return came;
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/text/gbk.h"
 #include "tests/support/gbk_text.h"
 
 namespace tests {
@@ -62,9 +63,16 @@ bool TextFits(const Child& child, HWND window) {
     ::GetTextExtentPoint32A(dc, child.text.c_str(), static_cast<int>(child.text.size()), &size);
     ::SelectObject(dc, former);
     ::ReleaseDC(window, dc);
-    const CSize margin = Margin(child);
     // Upright buttons at the left edge of a list write one character below the other.
-    if (child.place.Width() < 24 && child.place.Height() > 100) return true;
+    constexpr int kUprightWidth = 24;
+    constexpr int kUprightPitch = 15;
+    if (child.place.Width() < kUprightWidth && child.text.size() > 2) {
+        int characters = 0;
+        for (const char* at = child.text.c_str(); *at != '\0'; at = text::NextChar(at))
+            ++characters;
+        return characters * kUprightPitch <= child.place.Height();
+    }
+    const CSize margin = Margin(child);
     return size.cx + margin.cx <= child.place.Width() &&
            size.cy + margin.cy <= child.place.Height();
 }
