@@ -1,8 +1,11 @@
 #pragma once
 
+#include <string>
+
 #include "platform/toolkit/toolkit.h"
 #include "plugin/contract/market_records.h"
 #include "plugin/contract/parameter_records.h"
+#include "stops/stop_setting_rules.h"
 
 /// Page of the stop dialog: the stops of one contract.
 class CGOLDAutoStopLossPup : public CDialog {
@@ -53,11 +56,38 @@ public:
     CGOLDAutoStopLossPup(const CZebContract* contract, CPresetStop* stop)
         : m_pContract(contract), m_pStop(stop) {}
 
+    /// Writes what the controls say into the record.
+    void ReadControls();
+
 protected:
+    BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
 
 private:
+    struct RelativeControls;
+    struct AbsoluteControls;
+
+    void ShowRelative(const RelativeControls& controls, const RelativeRule& rule);
+    RelativeRule ReadRelative(const RelativeControls& controls) const;
+    void ShowAbsolute();
+    void UpdateStopEnable();
+    void UpdateRelative(const RelativeControls& controls);
+
+    bool OnRadio(const RelativeControls& controls, int id);
+    bool OnSwitch(int id);
+    bool OnAbsolute(int id);
+    bool StepDistance(int spin, int delta);
+    void StepPrice(int spin, int delta);
+
+    bool IsChecked(int id) const { return IsDlgButtonChecked(id) == BST_CHECKED; }
+    void Check(int id, bool checked) { CheckDlgButton(id, checked ? BST_CHECKED : BST_UNCHECKED); }
+    void Enable(int id, bool enabled) { ::EnableWindow(::GetDlgItem(m_hWnd, id), enabled); }
+    std::string Text(int id) const;
+    void FillIfEmpty(int id, const char* text);
+
     const CZebContract* m_pContract;
     CPresetStop* m_pStop;
 };

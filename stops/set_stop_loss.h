@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/toolkit/toolkit.h"
+#include "stops/stop_setting_rules.h"
 
-/// Page of the stop dialog: how stops fire, for the whole account.
-class GOLDSetStopLoss : public CDialog {
+/// Page of the stop dialog: how stops fire, for the whole account. The frame fills the settings
+/// before the page is created and takes them after ReadControls.
+class GOLDSetStopLoss : public CDialog, public StopSettings {
 public:
     static constexpr UINT IDD = 10113;
     static constexpr int kStopTicks = 10006;
@@ -23,8 +25,21 @@ public:
     static constexpr int kIdleSpin = 10048;
     static constexpr int kIdleButton = 10049;
 
+    /// Shows the settings; the page's opening does it.
+    void LoadControls();
+    /// Takes the settings from the controls. An emptied edit counts as 0.
+    void ReadControls();
+
 protected:
     BOOL OnInitDialog() override;
     void OnOK() override {}
     void OnCancel() override {}
+    BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* result) override;
+
+private:
+    void FillCombos();
+    void ShowNumber(int id, int number);
+    int ReadNumber(int id) const;
+    unsigned char ReadRow(int id) const;
+    void Step(int spin, int delta);
 };

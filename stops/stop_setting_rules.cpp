@@ -98,7 +98,7 @@ RelativeDistance DistanceOf(const RelativeRule& rule) {
 
 std::string AbsolutePriceText(double price, const CZebContract& contract) {
     constexpr double kOff = 0.0001;
-    return price > kOff ? PriceText(price, contract) : "";
+    return std::isfinite(price) && price > kOff ? PriceText(price, contract) : "";
 }
 
 double AbsolutePrice(bool checked, const char* text) {
@@ -111,7 +111,8 @@ std::string SuggestedPrice(const CZebContract* contract, int sign) {
     JSDyn1 quote{};
     if (contract == nullptr || !GetQuoteByName(&quote, ContractCode(*contract).c_str())) return "";
     const double way = kTicks * contract->dPriceTick;
-    return PriceText(sign < 0 ? quote.dLast - way : quote.dLast + way, *contract);
+    const double price = sign < 0 ? quote.dLast - way : quote.dLast + way;
+    return std::isfinite(price) ? PriceText(price, *contract) : "";
 }
 
 std::string SteppedAdjustment(const char* text, int delta) {
@@ -120,7 +121,8 @@ std::string SteppedAdjustment(const char* text, int delta) {
 
 std::string SteppedStopPrice(const char* text, int delta, const CZebContract& contract) {
     constexpr double kLeastPrice = 0.001;
-    const double tick = contract.dPriceTick;
+    const double tick = std::isfinite(contract.dPriceTick) ? contract.dPriceTick : 0;
     const double price = ReadNumber(text) - static_cast<double>(delta) * tick;
-    return PriceText(price >= kLeastPrice ? price : tick, contract);
+    const bool usable = std::isfinite(price) && price >= kLeastPrice;
+    return PriceText(usable ? price : tick, contract);
 }
