@@ -121,18 +121,19 @@ TEST_F(MainDialog, PutsChangedParametersToWork) {
     EXPECT_EQ(7, core.applied_params[1].nOverTicks);
 }
 
+int g_digits = 0;
+
+int CALLBACK KeepDigits(int a, int b, int c) {
+    g_digits = a * 100 + b * 10 + c;
+    return 9;
+}
+
 TEST_F(MainDialog, RunsAFunctionOfTheHost) {
-    static int sum = 0;
-    using Function = int(CALLBACK*)(int, int, int);
-    const Function add = [](int a, int b, int c) -> int {
-        sum = a * 100 + b * 10 + c;
-        return 9;
-    };
     const int arguments[3] = {1, 2, 3};
-    const auto function = reinterpret_cast<WPARAM>(add);
+    const auto function = reinterpret_cast<WPARAM>(&KeepDigits);
     EXPECT_EQ(
         0, shell->SendMessage(WM_RUN_ON_UI_THREAD, function, reinterpret_cast<LPARAM>(arguments)));
-    EXPECT_EQ(123, sum);
+    EXPECT_EQ(123, g_digits);
     EXPECT_EQ(0, shell->SendMessage(WM_RUN_ON_UI_THREAD, function, 0));
     EXPECT_EQ(0, shell->SendMessage(WM_RUN_ON_UI_THREAD, 0, reinterpret_cast<LPARAM>(arguments)));
 }

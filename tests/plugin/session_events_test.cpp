@@ -1,5 +1,6 @@
 #include "plugin/contract/core_access.h"
 #include "plugin/settings/process_values.h"
+#include "tests/plugin/live_blocks.h"
 #include "tests/plugin/shell_test.h"
 #include "tests/support/gbk_text.h"
 
@@ -31,13 +32,16 @@ TEST_F(SessionEvents, TellOfALostConnectionBeforeTheyEndTheSession) {
 TEST_F(SessionEvents, AtALossResetPanelsAndLeaveFundsAndTickAlone) {
     core.logged_in = true;
     const CZebContract contract = AddContract("Au(T+D)", 12, 1);
-    CPanelTradeDlg& panel = AddPanel();
+    CPanelTradeDlg& panel = AddPanel("panel");
     panel.BindContract(12, 1, &contract);
     ASSERT_FALSE(ShowsLogin(panel));
     g_dAvailable = 5;
     g_dEquity = 6;
     g_dwLastActivityTick = 7;
+    log.clear();
     Send(EV_CONNECTION_LOST, -1);
+    EXPECT_EQ("Logout(); panel no contract; frame session lost(0, 4)",
+              TakeLog({"Logout", "panel", "frame"}));
     EXPECT_TRUE(ShowsLogin(panel));
     EXPECT_EQ(0U, panel.Packed());
     EXPECT_EQ(5, g_dAvailable);
@@ -158,19 +162,19 @@ TEST_F(SessionEvents, StopQuietlyWhenTheMainDialogGoesWhileABoxIsOpen) {
     struct {
         int code;
         WORD failed;
-        LPARAM value;
     } const cases[] = {
-        {EV_CONNECTION_LOST, 0, -1},
-        {EV_NOTICE, kCoreEventFailed, 0},
-        {EV_TRANSFER_KIND1_DONE, 0, 0},
-        {EV_PASSWORD_RESULT, 0, 0},
+        {EV_CONNECTION_LOST, 0},     {EV_NOTICE, kCoreEventFailed}, {EV_NOTICE, 0},
+        {EV_TRANSFER_KIND1_DONE, 0}, {EV_PASSWORD_RESULT, 0},       {EV_CANCEL_RESULT, 0},
     };
+    const int before = tests::LiveBlocks();
     for (const auto& one : cases) {
         on_box = [this] { shell.reset(); };
-        ::SendMessageA(*shell, WM_CORE_EVENT, MAKEWPARAM(one.code, one.failed), one.value);
+        const LPARAM payload = one.code == EV_CONNECTION_LOST ? -1 : TextBlock("0123456789");
+        ::SendMessageA(*shell, WM_CORE_EVENT, MAKEWPARAM(one.code, one.failed), payload);
         on_box = nullptr;
         ASSERT_EQ(nullptr, shell) << one.code;
         MakeShell();
+        EXPECT_EQ(before, tests::LiveBlocks()) << one.code;
     }
 }
 
