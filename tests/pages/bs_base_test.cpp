@@ -6,6 +6,7 @@
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/messages.h"
 #include "plugin/settings/process_values.h"
+#include "tests/pages/layout.h"
 #include "tests/pages/page_doubles.h"
 #include "tests/pages/test_module.h"
 #include "tests/support/front_end/recording_core.h"
@@ -77,8 +78,8 @@ TEST_F(BSBase, PutsTheOrderPageAtTheLeftAndTheListsInTheRest) {
     report.Window().GetWindowRect(&lists);
     page.ScreenToClient(&order);
     page.ScreenToClient(&lists);
-    EXPECT_TRUE(order == CRect(0, 4, 220, 300));
-    EXPECT_TRUE(lists == CRect(220, 2, 900, 300));
+    EXPECT_EQ(tests::PlaceText(order), "0,4-220,300");
+    EXPECT_EQ(tests::PlaceText(lists), "220,2-900,300");
     EXPECT_TRUE(page.OrderPage().IsWindowVisible());
     EXPECT_FALSE(page.FiveLevels().IsWindowVisible());
     EXPECT_EQ(report.receiver, page.OrderPage().m_hWnd);

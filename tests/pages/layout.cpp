@@ -7,6 +7,11 @@
 
 namespace tests {
 
+std::string PlaceText(const RECT& place) {
+    return std::to_string(place.left) + "," + std::to_string(place.top) + "-" +
+           std::to_string(place.right) + "," + std::to_string(place.bottom);
+}
+
 namespace {
 
 struct Child {
@@ -25,11 +30,6 @@ struct Child {
                "\"";
     }
 };
-
-std::string PlaceText(const CRect& place) {
-    return std::to_string(place.left) + "," + std::to_string(place.top) + "-" +
-           std::to_string(place.right) + "," + std::to_string(place.bottom);
-}
 
 Child Look(HWND window, HWND page) {
     char name[64] = "";
@@ -89,7 +89,7 @@ std::vector<std::string> LayoutFaults(HWND page, const std::vector<AllowedOverla
         const Child child = Look(window, page);
         CRect inside;
         inside.IntersectRect(child.place, client);
-        if (!(inside == child.place)) {
+        if (!::EqualRect(&inside, &child.place)) {
             faults.push_back(child.Name() + " sticks out at " + PlaceText(child.place) + " of " +
                              PlaceText(client));
         }

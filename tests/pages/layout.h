@@ -8,6 +8,9 @@
 /// What is wrong with the look of a page, found by its windows alone.
 namespace tests {
 
+/// "left,top-right,bottom"
+std::string PlaceText(const RECT& place);
+
 /// Two controls of one page that may lie over each other.
 struct AllowedOverlap {
     int first;

@@ -4,6 +4,7 @@
 #include "orderentry/panel_trade_dlg.h"
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/messages.h"
+#include "tests/pages/layout.h"
 #include "tests/pages/page_doubles.h"
 #include "tests/pages/test_module.h"
 #include "tests/support/front_end/recording_core.h"
@@ -80,10 +81,10 @@ TEST_F(PanelTrade, OpensWithTheFaceOfTheSession) {
 
 TEST_F(PanelTrade, StacksItsPagesAndCoversThemByLoginAndLock) {
     Open(true);
-    EXPECT_TRUE(PlaceOf(PanelPart::kClientRight) == CRect(0, 60, 280, 109));
-    EXPECT_TRUE(PlaceOf(PanelPart::kWatch) == CRect(0, 304, 280, 480));
-    EXPECT_TRUE(PlaceOf(PanelPart::kLogin) == CRect(0, 0, 280, 480));
-    EXPECT_TRUE(PlaceOf(PanelPart::kLock) == CRect(0, 0, 280, 480));
+    EXPECT_EQ(tests::PlaceText(PlaceOf(PanelPart::kClientRight)), "0,60-280,109");
+    EXPECT_EQ(tests::PlaceText(PlaceOf(PanelPart::kWatch)), "0,304-280,480");
+    EXPECT_EQ(tests::PlaceText(PlaceOf(PanelPart::kLogin)), "0,0-280,480");
+    EXPECT_EQ(tests::PlaceText(PlaceOf(PanelPart::kLock)), "0,0-280,480");
 }
 
 TEST_F(PanelTrade, ChangesItsFace) {
