@@ -79,6 +79,9 @@ protected:
     HWND Stops() const { return PageWindow(0); }
     HWND Account() const { return PageWindow(1); }
 
+    static std::string Bytes(const CPresetStop& stop) {
+        return {reinterpret_cast<const char*>(&stop), sizeof stop};
+    }
     static std::string Text(HWND page, int id) {
         char text[64] = {};
         ::GetDlgItemTextA(page, id, text, sizeof text);
@@ -152,7 +155,7 @@ TEST_F(StopDialog, ShowsTheRecordAndGivesItBackUnchanged) {
                             },
                             Ok()}),
               IDOK);
-    EXPECT_EQ(std::memcmp(&before, &stop_, sizeof stop_), 0);
+    EXPECT_EQ(Bytes(before), Bytes(stop_));
 }
 
 TEST_F(StopDialog, SwitchesOpenTheirControlsWithUsualNumbers) {
