@@ -136,9 +136,10 @@ constexpr DialogControl kFrameControls[] = {
     PushButton(IDCANCEL, "取消", Pixels(568, 444, 84, 28)),
 };
 
+// The ground inside of group boxes is the page's, so pages are not clipped.
 constexpr DialogTemplate Page(UINT id, std::span<const DialogControl> controls) {
     return {.id = id,
-            .style = toolkit::kPageStyle | WS_CLIPCHILDREN,
+            .style = toolkit::kPageStyle,
             .ex_style = WS_EX_CONTROLPARENT,
             .width = Units(632),
             .height = Units(396),
