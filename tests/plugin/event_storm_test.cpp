@@ -76,8 +76,10 @@ TEST_F(Storm, LetsTheRestOfACaseRunWhenItsBoxStandsInLine) {
 
 TEST_F(Storm, DropsWhatStandsInLineForAMainDialogThatGoes) {
     const int before = tests::LiveBlocks();
-    for (int i = 0; i < 12; ++i)
+    for (int i = 0; i < kMostEventBoxes + 2; ++i) {
         Post(EV_BATCH_QUERY_RESULT, kCoreEventFailed, TextBlock(Number(i)));
+        Post(EV_SYSTEM_NOTICE, 0, TextBlock(Number(i)));
+    }
     when_calm_ = [this] { shell.reset(); };
     platform::testing::Pump();
     EXPECT_EQ(std::size_t{kMostEventBoxes}, answered_.size());

@@ -307,7 +307,7 @@ TEST_F(Panels, IgnoreWindowsThatAreNone) {
 
 TEST_F(Panels, TakeTheHostsContractOrKeepItUntilTheLogin) {
     CPanelTradeDlg& first = AddPanel();
-    CPanelTradeDlg& second = AddPanel();
+    CPanelTradeDlg& second = AddPanel("second");
     shell->ChangeStk(12, 1, first.GetSafeHwnd());
     EXPECT_EQ(Key(12, 1), first.Packed());
     EXPECT_EQ(0U, second.Packed());
@@ -315,10 +315,11 @@ TEST_F(Panels, TakeTheHostsContractOrKeepItUntilTheLogin) {
     EXPECT_NE("", TakeLog({"GetOrderList"}));
 
     core.logged_in = false;
+    log.clear();
     shell->ChangeStk(12, 2, second.GetSafeHwnd());
     EXPECT_EQ(0U, second.Packed());
     EXPECT_STREQ("Au(T+D)", shell->BSBase().OrderPage().Contract()->szContract);
-    EXPECT_EQ("", TakeLog({"GetOrderList"}));
+    EXPECT_EQ("", TakeLog({"GetOrderList", "second"}));
     core.logged_in = true;
     shell->ApplyKeptStks();
     EXPECT_EQ(Key(12, 2), second.Packed());
