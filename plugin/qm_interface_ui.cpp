@@ -32,7 +32,7 @@ unsigned int Pack(unsigned int low, int high) {
 }  // namespace
 
 // The order and the number of the fields are what hosts were built with.
-static_assert(sizeof(std::atomic<CMainDlg*>) == sizeof(CMainDlg*) &&
+static_assert(sizeof(std::atomic<CMainDlg*>) == sizeof(void*) &&
               std::atomic<CMainDlg*>::is_always_lock_free);
 static_assert(sizeof(QmInterfaceUI) <= 4 * sizeof(void*));
 
@@ -42,6 +42,7 @@ QmInterfaceUI::QmInterfaceUI(const QmInterfaceUI& other)
     : CBaseUI(other), m_pUICallBack(other.m_pUICallBack), m_nLock(other.m_nLock) {}
 
 QmInterfaceUI& QmInterfaceUI::operator=(const QmInterfaceUI& other) {
+    if (this == &other) return *this;
     m_pUICallBack = other.m_pUICallBack;
     m_nLock = other.m_nLock;
     return *this;
