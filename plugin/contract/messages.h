@@ -38,6 +38,14 @@ inline constexpr UINT WM_LOCK_PANEL = 0x2B1B;
 /// contracts. The container hands the record back before it returns.
 inline constexpr UINT WM_CONTRACT_SELECTED = 0x2B15;
 
+/// A position row was double-clicked. A position list to the order page or the panel, sent; wParam a
+/// PositionGroup that is good until the answer, lParam 0.
+inline constexpr UINT WM_POSITION_ROW = 0x2B16;
+
+/// A position row was selected. The position list to the order page, posted; wParam the contract's
+/// code, which is good until the list's next refresh.
+inline constexpr UINT WM_POSITION_CONTRACT = 0x2B17;
+
 /// A combination was double-clicked. Combination page to the frame, with the group's key.
 inline constexpr UINT WM_COMBINATION_CHOSEN = 1041;
 
