@@ -129,7 +129,7 @@ protected:
                 .has_offset = has_offset,
                 .net = false,
                 .closable = 42,
-                .available = 10100,
+                .available = 10120,
                 .open_losses = -1000};
     }
     /// The factor makes 100 a lot at 200, 150 at 300.
