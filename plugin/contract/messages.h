@@ -38,8 +38,8 @@ inline constexpr UINT WM_LOCK_PANEL = 0x2B1B;
 /// contracts. The container hands the record back before it returns.
 inline constexpr UINT WM_CONTRACT_SELECTED = 0x2B15;
 
-/// A position row was double-clicked. A position list to the order page or the panel, sent; wParam a
-/// PositionGroup that is good until the answer, lParam 0.
+/// A position row was double-clicked. A position list to the order page or the panel, sent; wParam
+/// a PositionGroup that is good until the answer, lParam 0.
 inline constexpr UINT WM_POSITION_ROW = 0x2B16;
 
 /// A position row was selected. The position list to the order page, posted; wParam the contract's
@@ -64,8 +64,8 @@ inline constexpr UINT WM_PRICE_ROW_CHOSEN = 0x2B14;
 /// edit that it serves. The keyboard's Enter key posts it to the edit's parent.
 inline constexpr UINT WM_KEYBOARD_READ = 0x2B19;
 
-/// Let a latched ratio button go. A page to its CRatioButton; the number is also WM_KEYBOARD_READ's,
-/// which only edits and their dialogs get.
+/// Let a latched ratio button go. A page to its CRatioButton; the number is also that of
+/// WM_KEYBOARD_READ, which only edits and their dialogs get.
 inline constexpr UINT WM_UNLATCH_RATIO = 0x2B19;
 
 enum FrameNotice : WPARAM {

@@ -144,4 +144,3 @@
 #define GRADIENT_FILL_RECT_V 1
 #define AC_SRC_OVER 0
 #define AC_SRC_ALPHA 1
-
