@@ -83,6 +83,8 @@ void CContractManager::AddContract(const CZebContract& contract) {
 
 void CContractManager::ClearContracts() { Contracts().clear(); }
 
+// Callers hand over texts of their own: the signature takes a copy.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 CZebContract* CContractManager::FindContract(std::string code) {
     const auto found = Contracts().find(code);
     return found != Contracts().end() ? found->second.get() : nullptr;

@@ -13,6 +13,7 @@
 #include "tests/support/front_end/recording_core.h"
 #include "tests/support/front_end/recording_host.h"
 #include "tests/support/gbk_text.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -187,8 +188,12 @@ TEST(MarketState, IsAskedForByExchangeAndContract) {
     EXPECT_EQ(std::string(32, 'e') + "|" + std::string(32, 'c'), MarketStateRequest(full));
 }
 
-TEST(StopPrompts, HaveDefaultsWithoutAFile) {
-    EXPECT_GBK_EQ("盘后禁止设置当日有效条件单.", MarketVerdictText(MarketVerdict::kRefused));
+// One test, since the process keeps each text as it was read first.
+TEST(StopPrompts, ComeFromTheFileOrHaveDefaults) {
+    const testing_support::TempFolder folder;
+    folder.Write(u8"cfg/Trade/ConditionPrompt.ini",
+                 "[StopLossProfit]\r\nRefuseSetSLP=已收盘,100%s\\n明日再试\r\n");
+    EXPECT_GBK_EQ("已收盘,100%s\n明日再试", MarketVerdictText(MarketVerdict::kRefused));
     EXPECT_GBK_EQ(
         "止损止盈单设置成功，如您设置的是永久有效，在每日19:00至开盘前，登录交易后自动启动.",
         MarketVerdictText(MarketVerdict::kAllowed));

@@ -21,7 +21,7 @@ TEST_F(Contracts, AreFoundByTheirExactCode) {
     CZebContract* const found = CContractManager::FindContract("Au(T+D)");
     ASSERT_NE(nullptr, found);
     EXPECT_NE(&contract, found) << "a copy";
-    EXPECT_EQ(0, std::memcmp(&contract, found, sizeof contract));
+    EXPECT_EQ(tests::BytesOf(contract), tests::BytesOf(*found));
     EXPECT_EQ(nullptr, CContractManager::FindContract("au(t+d)"));
     EXPECT_EQ(nullptr, CContractManager::FindContract("Au(T+D) "));
     EXPECT_EQ(nullptr, CContractManager::FindContract(""));

@@ -62,8 +62,6 @@ protected:
     }
 };
 
-using std::string_view_literals::operator""sv;
-
 TEST_F(Orders, AreTheExpectedBytes) {
     ExpectBytes(Expected("300.00", "手动下单", "0010", 7), PrepareOrder(Ticket("对手价", "007")));
     OrderTicket sell = Ticket("挂单价超一个价位", "3");
@@ -80,11 +78,9 @@ TEST_F(Orders, LeaveTheOffsetToTheCoreByNetPosition) {
     ticket.net = true;
     ticket.offset = '1';
     const PreparedOrder order = PrepareOrder(ticket);
-    ExpectBytes(Expected("301.25", "净仓",
-                         "0\0"
-                         "10"sv,
-                         2),
-                order);
+    Bytes expected = Expected("301.25", "净仓", "0-10", 2);
+    expected[125] = '\0';
+    ExpectBytes(expected, order);
     EXPECT_EQ(5, order.source);
     EXPECT_EQ(1, PrepareOrder(Ticket("301.25", "2")).source);
 }

@@ -24,6 +24,12 @@ inline CZebContract MakeContract(std::string_view code, std::string_view market,
     return contract;
 }
 
+/// A record as it travels.
+template <class Record>
+std::string_view BytesOf(const Record& record) {
+    return {reinterpret_cast<const char*>(&record), sizeof record};
+}
+
 /// A core and a host with one deferred contract.
 class Trading : public ::testing::Test {
 protected:

@@ -193,7 +193,7 @@ TEST_F(MaxVolume, IsAskedOfTheCoreWithoutAMargin) {
     std::memcpy(expected + 84, "1110", 4);  // direction, offset, two flags
     const double price = 300 + 1e-8;
     std::memcpy(expected + 88, &price, sizeof price);
-    EXPECT_EQ(0, std::memcmp(expected, &answer.query, sizeof expected));
+    EXPECT_EQ(std::string_view(expected, sizeof expected), tests::BytesOf(answer.query));
     EXPECT_EQ('0', AskMaxVolume(Question()).query.cOffset);
 
     question.price_text = "0.000005";
