@@ -58,5 +58,7 @@ void DispatchCoreEvent(CMainDlg& shell, WPARAM wParam, LPARAM lParam) {
                                      [&call](const Case& one) { return one.code == call.Code(); });
     if (found != std::end(kCases) && found->payload == Payload::kBlock) call.TakeBlock();
     if (CUICallBack* core = call.Core()) core->NotifyEvent(kModuleNumber, wParam, lParam);
-    if (found != std::end(kCases) && call.Shell() != nullptr) found->run(call);
+    if (found == std::end(kCases)) return;
+    // The core may have let the host close the main dialog; a login's block is taken over still.
+    if (call.Shell() != nullptr || found->code == EV_LOGIN_RESULT) found->run(call);
 }

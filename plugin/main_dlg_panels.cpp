@@ -114,6 +114,7 @@ void CMainDlg::LoadContracts() {
     m_dlgBSBase.LoadContracts();
     for (CPanelTradeDlg* panel : panels) {
         const unsigned int packed = panel->Packed();
+        if (packed == 0) continue;  // it had none, whatever the host has under that key
         const CZebContract* contract = m_dlgBSBase.FindContractBySymbol(packed);
         if (contract != nullptr) panel->BindContract(LOWORD(packed), HIWORD(packed), contract);
     }

@@ -121,26 +121,27 @@ void QmInterfaceUI::DestroyWindows() {
     main->DestroyWindow();
 }
 
+// Panels have parents of their own, and may be there without the main window.
 void QmInterfaceUI::OnSize(int x, int y, int w, int h, unsigned int window) {
-    CMainDlg* const main = AliveMain();
+    CMainDlg* const main = m_pMainDlg;
     if (main == nullptr) return;
     AFX_MANAGE_STATE(AfxGetStaticModuleState())
-    if (window == 0) {
-        main->MoveWindow(x, y, w, h);
-    } else {
+    if (window != 0) {
         main->MovePanel(WindowOf(window), x, y, w, h);
+    } else if (AliveMain() != nullptr) {
+        main->MoveWindow(x, y, w, h);
     }
 }
 
 void QmInterfaceUI::ShowWindow(unsigned int command, unsigned int window) {
-    CMainDlg* const main = AliveMain();
+    CMainDlg* const main = m_pMainDlg;
     if (main == nullptr) return;
     AFX_MANAGE_STATE(AfxGetStaticModuleState())
     const auto nCmd = static_cast<int>(command);
-    if (window == 0) {
-        main->ShowWindow(nCmd);
-    } else {
+    if (window != 0) {
         main->ShowPanel(WindowOf(window), nCmd, m_nLock);
+    } else if (AliveMain() != nullptr) {
+        main->ShowWindow(nCmd);
     }
 }
 

@@ -182,6 +182,24 @@ TEST_F(CoreEvents, AboutALoginKeepTheirBlockForGood) {
     EXPECT_TRUE(tests::IsLiveBlock(reinterpret_cast<void*>(failure)));
 }
 
+TEST_F(CoreEvents, WhoseCoreClosesTheMainDialogEndThere) {
+    for (const int code : {EV_ORDER_CHANGE, EV_LOGIN_RESULT, EV_SYSTEM_NOTICE}) {
+        MakeShell();
+        const std::size_t kept = KeptLoginBlocks().size();
+        const LPARAM block = Block("text", 1032);
+        core.on_call = [this](std::string_view line) {
+            log.emplace_back(line);
+            if (line.starts_with("NotifyEvent(")) shell.reset();
+        };
+        log.clear();
+        Send(code, block);
+        EXPECT_EQ(1U, log.size()) << code << ": " << log.back();
+        const bool is_kept = code == EV_LOGIN_RESULT;
+        EXPECT_EQ(is_kept, tests::IsLiveBlock(reinterpret_cast<void*>(block))) << code;
+        EXPECT_EQ(kept + (is_kept ? 1 : 0), KeptLoginBlocks().size()) << code;
+    }
+}
+
 /// Stands in for the login dialog: writes events down and frees blocks as it does.
 class LoginWindow : public CWnd {
 public:

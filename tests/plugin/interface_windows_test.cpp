@@ -184,6 +184,19 @@ TEST_F(HostSide, CreatesPanelsHiddenAndWithoutASize) {
     EXPECT_EQ(ui->CreatePanel(0, 0, 0, 0, reinterpret_cast<HWND>(0x7654)), kNoPanel);
 }
 
+TEST_F(HostSide, MovesAndShowsAPanelWithoutTheMainWindow) {
+    Start();
+    ui->OnDestroyWindow(0);
+    ui->LockScreen(1);
+    const unsigned int panel = AddPanel();
+    ASSERT_NE(panel, kNoPanel);
+    ui->OnSize(10, 20, 220, 400, panel);
+    ExpectPlace(WindowOf(panel), {10, 20, 230, 420});
+    ui->ShowWindow(SW_SHOW, panel);
+    EXPECT_TRUE(IsShown(WindowOf(panel)));
+    EXPECT_EQ(FaceOf(panel), "locked");
+}
+
 TEST_F(HostSide, IgnoresWindowsThatAreNoPanels) {
     Start();
     const unsigned int panel = AddPanel();

@@ -86,6 +86,14 @@ TEST_F(SessionEvents, LeaveNoPageWithAContractOfAClearedTable) {
               TakeLog({"kept contract", "gone contract"}));
 }
 
+TEST_F(SessionEvents, LeaveAPanelWithoutAContractAlone) {
+    AddContract("Au(T+D)", 0, 0);
+    AddPanel("panel");
+    log.clear();
+    Send(EV_CONTRACTS_READY);
+    EXPECT_EQ("panel no contract", TakeLog({"panel"}));
+}
+
 TEST_F(SessionEvents, StartTradingInTwelveSteps) {
     g_bNeedShowStopLossAndProfit = 1;
     AddContract("Au(T+D)", 12, 1);
