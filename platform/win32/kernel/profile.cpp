@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -12,6 +13,7 @@
 #include "platform/win32/kernel/file_content.h"
 #include "platform/win32/kernel/last_error.h"
 #include "platform/win32/kernel/path.h"
+#include "platform/win32/kernel/profile_cache.h"
 #include "platform/win32/kernel/profile_file.h"
 
 namespace winbase {
@@ -32,16 +34,13 @@ std::string ProfilePath(LPCSTR file, DWORD error_for_bare_name) {
     return HostPath(file);
 }
 
-std::optional<ProfileFile> Load(LPCSTR file) {
+std::shared_ptr<const ProfileFile> Load(LPCSTR file) {
     const std::string host = ProfilePath(file, ERROR_FILE_NOT_FOUND);
-    if (host.empty()) return std::nullopt;
-    std::string content;
-    const DWORD error = ReadWholeFile(host, content);
-    if (error != NO_ERROR) {
-        SetLastError(error);
-        return std::nullopt;
-    }
-    return ProfileFile(content);
+    if (host.empty()) return nullptr;
+    DWORD error = NO_ERROR;
+    auto profile = ReadProfile(host, &error);
+    if (!profile) SetLastError(error);
+    return profile;
 }
 
 /// The caller's default, which loses the blanks behind it and quotes around it.
@@ -118,7 +117,7 @@ DWORD GetPrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR fallback, LPST
 
 UINT GetPrivateProfileIntA(LPCSTR section, LPCSTR key, INT fallback, LPCSTR file) {
     using namespace winbase;
-    const auto profile = section && key ? Load(file) : std::nullopt;
+    const auto profile = section && key ? Load(file) : nullptr;
     const auto value = profile ? profile->Value(section, key) : std::nullopt;
     return value && !value->empty() ? ParseNumber(*value) : static_cast<UINT>(fallback);
 }
@@ -136,6 +135,7 @@ BOOL WritePrivateProfileStringA(LPCSTR section, LPCSTR key, LPCSTR value, LPCSTR
     ProfileFile profile(content);
     const bool changed = Edit(profile, section, key, value);
     if (!changed) return TRUE;
+    ForgetProfile(host);
     const DWORD write_error = ReplaceFile(host, profile.Content());
     return write_error == NO_ERROR ? TRUE : Fail(write_error);
 }

@@ -3,6 +3,7 @@
 #include <unistd.h>
 #include <windows.h>
 
+#include <chrono>
 #include <filesystem>
 #include <string>
 
@@ -131,6 +132,60 @@ TEST(ProfileReplacement, PipesDoNotHoldTheReaderUp) {
     char text[8];
     EXPECT_EQ(GetPrivateProfileStringA("s", "a", "DEF", text, sizeof text, ".\\pipe.ini"), 3u);
     EXPECT_FALSE(WritePrivateProfileStringA("s", "a", "2", ".\\pipe.ini"));
+}
+
+std::string Setting(const char* key) {
+    char value[64];
+    GetPrivateProfileStringA("s", key, "DEF", value, sizeof value, ".\\p.ini");
+    return value;
+}
+
+/// A file that was last changed long ago, read once.
+void WriteAndRead(const TempFolder& folder) {
+    folder.Write(u8"p.ini", "[s]\r\na=1\r\n");
+    fs::last_write_time(folder.path() / "p.ini",
+                        fs::file_time_type::clock::now() - std::chrono::hours(1));
+    EXPECT_EQ(Setting("a"), "1");
+}
+
+TEST(HostFiles, SettingsAreReadAnewOnceTheirFileChanged) {
+    const TempFolder folder;
+    WriteAndRead(folder);
+    EXPECT_EQ(Setting("a"), "1");
+    // As long as before.
+    folder.Write(u8"p.ini", "[s]\r\na=2\r\n");
+    EXPECT_EQ(Setting("a"), "2");
+    folder.Write(u8"p.ini", "[s]\r\na=3\r\n");
+    EXPECT_EQ(Setting("a"), "3");
+
+    WriteAndRead(folder);
+    EXPECT_TRUE(WritePrivateProfileStringA("s", "a", "4", ".\\p.ini"));
+    EXPECT_EQ(Setting("a"), "4");
+
+    // Another file of the same length and time takes its place.
+    WriteAndRead(folder);
+    folder.Write(u8"other.ini", "[s]\r\na=5\r\n");
+    fs::last_write_time(folder.path() / "other.ini", fs::last_write_time(folder.path() / "p.ini"));
+    fs::rename(folder.path() / "other.ini", folder.path() / "p.ini");
+    EXPECT_EQ(Setting("a"), "5");
+
+    WriteAndRead(folder);
+    fs::remove(folder.path() / "p.ini");
+    EXPECT_EQ(Setting("a"), "DEF");
+    WriteAndRead(folder);
+}
+
+TEST(HostFiles, SettingsOfEqualNamesInTwoFoldersStayApart) {
+    const TempFolder folder;
+    WriteAndRead(folder);
+    {
+        const TempFolder other;
+        EXPECT_EQ(Setting("a"), "DEF");
+        other.Write(u8"p.ini", "[s]\r\na=2\r\n");
+        fs::last_write_time(other.path() / "p.ini", fs::last_write_time(folder.path() / "p.ini"));
+        EXPECT_EQ(Setting("a"), "2");
+    }
+    EXPECT_EQ(Setting("a"), "1");
 }
 
 }  // namespace
