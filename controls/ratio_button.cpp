@@ -22,7 +22,12 @@ void CRatioButton::SetInert(bool inert) {
 }
 
 void CRatioButton::ChangeState(int state) {
+    if (state == kPressed) m_bWasPressed = State() == kPressed;
     if (State() != kPressed) CTrackButton::ChangeState(state);
+}
+
+void CRatioButton::EndPress() {
+    if (!m_bWasPressed) CTrackButton::ChangeState(kNormal);
 }
 
 LRESULT CRatioButton::OnUnlatch(WPARAM, LPARAM) {

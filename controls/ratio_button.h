@@ -15,11 +15,13 @@ protected:
     bool FocusOnPress() const override { return true; }
     /// Pressed it stays pressed.
     void ChangeState(int state) override;
-    void EndPress() override { CTrackButton::ChangeState(kNormal); }
+    /// Lets it go again, unless it was pressed before.
+    void EndPress() override;
 
     LRESULT OnUnlatch(WPARAM, LPARAM);
     DECLARE_MESSAGE_MAP()
 
 private:
+    bool m_bWasPressed = false;  ///< when the last press began
     CFont m_font;
 };

@@ -311,6 +311,11 @@ TEST_F(Buttons, ARatioStaysPressedUntilItIsLetGo) {
     other_.SetFocus();
     EXPECT_EQ(button.State(), CTrackButton::kPressed);
     EXPECT_EQ(Caption(button).color, COLORREF{0xF5F5F5});
+    MovePointer(platform::testing::ScreenPoint(button));
+    platform::testing::Press();
+    MovePointer({1200, 780});
+    platform::testing::Release();
+    EXPECT_EQ(button.State(), CTrackButton::kPressed) << "let go outside, it stays what it was";
     button.SendMessage(WM_UNLATCH_RATIO);
     EXPECT_EQ(button.State(), CTrackButton::kNormal);
 }
