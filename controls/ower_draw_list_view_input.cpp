@@ -211,7 +211,7 @@ void COwerDrawListView::ShowTip(CPoint point) {
     // The tip shows whole lines only.
     char tip[kCellTextSize + 2];
     text::CopyText(tip, cell->szTip);
-    text::AppendText(tip, "\r\n");
+    if (!text::FieldText(cell->szTip).ends_with("\r\n")) text::AppendText(tip, "\r\n");
     ClientToScreen(&point);
     m_tip.ShowText(tip, point, ::GetSystemMetrics(SM_CXSCREEN));
 }

@@ -282,6 +282,17 @@ TEST_F(ListTipTest, BelongsToItsCell) {
     }
 }
 
+TEST_F(ListTipTest, IsAsHighAsItsLines) {
+    CRect places[2];
+    list_.SetItemTip(1, 0, "合约说明\r\n");
+    for (const int row : {0, 1}) {
+        Hover(40, 30 + row * kRowHeight);
+        ASSERT_TRUE(TipShown());
+        list_.m_tip.GetWindowRect(&places[row]);
+    }
+    EXPECT_EQ(places[0].Height(), places[1].Height());
+}
+
 TEST_F(ListTipTest, ComesOnceForEachRest) {
     Hover(40, 30);
     EXPECT_TRUE(TipShown());
