@@ -10,19 +10,21 @@ namespace {
 /// Lets the text of a password edit be read while it lives.
 class ReadPermission {
 public:
-    explicit ReadPermission(CWnd& edit) : edit_(edit) { edit_.SendMessage(WM_KEYBOARD_READ, 1); }
-    ~ReadPermission() { edit_.SendMessage(WM_KEYBOARD_READ, 0); }
+    explicit ReadPermission(HWND edit) : edit_(edit) {
+        ::SendMessageA(edit_, WM_KEYBOARD_READ, 1, 0);
+    }
+    ~ReadPermission() { ::SendMessageA(edit_, WM_KEYBOARD_READ, 0, 0); }
     ReadPermission(const ReadPermission&) = delete;
     ReadPermission& operator=(const ReadPermission&) = delete;
 
 private:
-    CWnd& edit_;
+    HWND edit_;
 };
 
-std::string ReadText(CWnd& edit) {
+std::string ReadText(HWND edit) {
     const ReadPermission permission(edit);
     char text[orderentry::kSoftKeyTextMax + 1] = {};
-    edit.GetWindowText(text, sizeof text);
+    ::GetWindowTextA(edit, text, sizeof text);
     return text;
 }
 
@@ -33,9 +35,9 @@ CKeyBoardDlg::~CKeyBoardDlg() {
 }
 
 void CKeyBoardDlg::Open(CWnd& edit) {
-    if (m_pOwner && m_pOwner != &edit) Close();
+    if (m_hOwner && m_hOwner != edit.m_hWnd) Close();
     if (!GetSafeHwnd() && !Create(IDD, &edit)) return;
-    m_pOwner = &edit;
+    m_hOwner = edit;
     Shuffle();
     ShowCaptions();
     CRect place;
@@ -51,11 +53,11 @@ void CKeyBoardDlg::Place(CPoint corner) {
 }
 
 void CKeyBoardDlg::Close() {
-    if (!m_pOwner) return;
-    CWnd* const edit = m_pOwner;
-    m_pOwner = nullptr;
-    ShowWindow(SW_HIDE);
-    if (edit->GetSafeHwnd()) edit->PostMessage(WM_KEYBOARD_READ, 0);
+    if (!m_hOwner) return;
+    const HWND edit = m_hOwner;
+    m_hOwner = nullptr;
+    if (GetSafeHwnd()) ShowWindow(SW_HIDE);
+    if (::IsWindow(edit)) ::PostMessageA(edit, WM_KEYBOARD_READ, 0, 0);
 }
 
 BOOL CKeyBoardDlg::OnInitDialog() {
@@ -89,7 +91,11 @@ BOOL CKeyBoardDlg::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (HIWORD(wParam) != BN_CLICKED || id < kFirstDigit || id > kEnter) {
         return CDialog::OnCommand(wParam, lParam);
     }
-    if (!m_pOwner || !m_pOwner->GetSafeHwnd()) return TRUE;
+    // Its edit may be gone with a page; then there is nothing left but to close.
+    if (!::IsWindow(m_hOwner)) {
+        Close();
+        return TRUE;
+    }
     switch (id) {
         case kBackspace: OnBackspace(); break;
         case kCase: OnCase(); break;
@@ -104,12 +110,15 @@ void CKeyBoardDlg::OnKey(int id) {
     char caption[8] = {};
     GetDlgItemText(id, caption, sizeof caption);
     if (caption[0] == '\0') return;
-    m_pOwner->SetWindowText(orderentry::WithKey(ReadText(*m_pOwner), caption[0]).c_str());
+    const std::string text = ReadText(m_hOwner);
+    // Setting what was read would cut a longer text.
+    if (text.size() >= orderentry::kSoftKeyTextMax) return;
+    orderentry::SetSoftKeyText(m_hOwner, orderentry::WithKey(text, caption[0]));
 }
 
 void CKeyBoardDlg::OnBackspace() {
-    const std::string text = ReadText(*m_pOwner);
-    if (!text.empty()) m_pOwner->SetWindowText(orderentry::WithoutLastKey(text).c_str());
+    const std::string text = ReadText(m_hOwner);
+    if (!text.empty()) orderentry::SetSoftKeyText(m_hOwner, orderentry::WithoutLastKey(text));
 }
 
 void CKeyBoardDlg::OnCase() {
@@ -118,5 +127,5 @@ void CKeyBoardDlg::OnCase() {
 }
 
 void CKeyBoardDlg::OnEnter() {
-    if (CWnd* const parent = m_pOwner->GetParent()) parent->PostMessage(WM_KEYBOARD_READ);
+    if (const HWND parent = ::GetParent(m_hOwner)) ::PostMessageA(parent, WM_KEYBOARD_READ, 0, 0);
 }

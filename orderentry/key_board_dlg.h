@@ -23,8 +23,6 @@ public:
     void Place(CPoint corner);
     /// Hides it and tells the edit that reading its text is over.
     void Close();
-    /// The edit that it serves; null when closed.
-    CWnd* Edit() const { return m_pOwner; }
 
 protected:
     BOOL OnInitDialog() override;
@@ -43,5 +41,5 @@ private:
     bool m_bUpper = false;
     char m_szDigits[kDigits] = {};
     char m_szLetters[kLetters] = {};
-    CWnd* m_pOwner = nullptr;
+    HWND m_hOwner = nullptr;  ///< the edit that it serves; null when closed
 };

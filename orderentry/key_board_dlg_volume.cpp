@@ -17,9 +17,9 @@ constexpr COLORREF kKeyGround = RGB(0xFF, 0xFF, 0xFF);
 constexpr COLORREF kKeyPressed = RGB(0xE1, 0xE6, 0xEC);
 constexpr COLORREF kKeyFrame = RGB(0xCC, 0xD7, 0xE0);
 
-std::string TextOf(const CWnd& window, int max) {
+std::string TextOf(HWND window, int max) {
     std::string text(static_cast<std::size_t>(max) + 1, '\0');
-    text.resize(static_cast<std::size_t>(window.GetWindowText(text.data(), max + 1)));
+    text.resize(static_cast<std::size_t>(::GetWindowTextA(window, text.data(), max + 1)));
     return text;
 }
 
@@ -36,12 +36,21 @@ bool CKeyBoardDlgVolume::HasPresets() const {
 
 void CKeyBoardDlgVolume::Open(CWnd& edit, const CWnd* anchor) {
     if (!GetSafeHwnd() && !Create(IDD, &edit)) return;
-    m_pOwner = &edit;
+    m_hOwner = edit;
     ShowCaptions();
     CRect place;
     (anchor ? *anchor : edit).GetWindowRect(&place);
     ::SetWindowPos(m_hWnd, HWND_TOP, place.left, place.bottom - 2, 0, 0,
                    SWP_NOSIZE | SWP_NOACTIVATE | SWP_SHOWWINDOW);
+}
+
+void CKeyBoardDlgVolume::HideUnlessPointedAt() {
+    if (!GetSafeHwnd() || !IsWindowVisible()) return;
+    CPoint pointer;
+    CRect place;
+    GetCursorPos(&pointer);
+    GetWindowRect(&place);
+    if (!place.PtInRect(pointer)) ShowWindow(SW_HIDE);
 }
 
 BOOL CKeyBoardDlgVolume::OnInitDialog() {
@@ -62,22 +71,22 @@ BOOL CKeyBoardDlgVolume::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (HIWORD(wParam) != BN_CLICKED || (!is_preset && id != kBackspace)) {
         return CDialog::OnCommand(wParam, lParam);
     }
-    if (!m_pOwner || !m_pOwner->GetSafeHwnd()) return TRUE;
+    if (!::IsWindow(m_hOwner)) return TRUE;
     is_preset ? OnPreset(id) : OnBackspace();
     return TRUE;
 }
 
 void CKeyBoardDlgVolume::OnPreset(int id) {
     constexpr int kLongest = 15;
-    const std::string caption = TextOf(*GetDlgItem(id), kLongest);
+    const std::string caption = TextOf(::GetDlgItem(m_hWnd, id), kLongest);
     if (caption.empty()) return;
-    m_pOwner->SetWindowText(caption.c_str());
-    ShowWindow(SW_HIDE);
+    orderentry::SetSoftKeyText(m_hOwner, caption);
+    if (GetSafeHwnd()) ShowWindow(SW_HIDE);
 }
 
 void CKeyBoardDlgVolume::OnBackspace() {
-    const std::string text = TextOf(*m_pOwner, static_cast<int>(orderentry::kSoftKeyTextMax));
-    if (!text.empty()) m_pOwner->SetWindowText(orderentry::WithoutLastKey(text).c_str());
+    const std::string text = TextOf(m_hOwner, static_cast<int>(orderentry::kSoftKeyTextMax));
+    if (!text.empty()) orderentry::SetSoftKeyText(m_hOwner, orderentry::WithoutLastCharacter(text));
 }
 
 void CKeyBoardDlgVolume::OnDrawItem(int id, LPDRAWITEMSTRUCT item) {
@@ -94,7 +103,7 @@ void CKeyBoardDlgVolume::OnDrawItem(int id, LPDRAWITEMSTRUCT item) {
     dc.FrameRect(&key, frame);
     dc.SetBkMode(TRANSPARENT);
     dc.SetTextColor(kCaption);
-    const std::string caption = TextOf(*GetDlgItem(id), 31);
+    const std::string caption = TextOf(::GetDlgItem(m_hWnd, id), 31);
     dc.DrawText(caption.c_str(), -1, &key, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
     dc.Detach();
 }

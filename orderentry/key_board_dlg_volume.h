@@ -22,6 +22,9 @@ public:
     /// Opens it at the lower left corner of `anchor`, of the edit when that is null.
     void Open(CWnd& edit, const CWnd* anchor = nullptr);
 
+    /// The edit has lost the focus; a press on a key is no reason to go.
+    void HideUnlessPointedAt();
+
 protected:
     BOOL OnInitDialog() override;
     void OnOK() override {}
@@ -36,5 +39,5 @@ private:
     void OnBackspace();
 
     Presets m_presets;
-    CWnd* m_pOwner = nullptr;
+    HWND m_hOwner = nullptr;
 };

@@ -51,6 +51,7 @@ int CPriceEditRich::ListWidth() const {
 
 void CPriceEditRich::ShowList() {
     if (orderentry::IsShown(m_list) || !MakeList()) return;
+    GetWindowText(m_szPrevious, sizeof m_szPrevious);
     CRect edit;
     GetWindowRect(&edit);
     m_list.ShowAt(CPoint(edit.left, edit.bottom), ListWidth());
@@ -64,9 +65,13 @@ void CPriceEditRich::HideList() {
     m_bListOpen = false;
 }
 
-// Nobody tells a popup that the window below which it stands was moved.
+// Nobody tells a popup that the window below which it stands was moved, or hidden with its page.
 void CPriceEditRich::FollowEdit() {
     if (!m_bListOpen) return;
+    if (!IsWindowVisible()) {
+        HideList();
+        return;
+    }
     CRect edit;
     CRect list;
     GetWindowRect(&edit);
@@ -134,12 +139,23 @@ void CPriceEditRich::OnLButtonUp(UINT, CPoint) {
     Default();
     if (!::IsWindow(window)) return;
     ShowList();
-    SetTimer(kSelectTimer, kTimerMillis, nullptr);
+    SelectSoon();
 }
 
 void CPriceEditRich::OnSetFocus(CWnd*) {
     Default();
-    SetTimer(kSelectTimer, kTimerMillis, nullptr);
+    SelectSoon();
+}
+
+void CPriceEditRich::SelectSoon() {
+    m_bSelectPending = SetTimer(kSelectTimer, kTimerMillis, nullptr) != 0;
+}
+
+void CPriceEditRich::SelectNow() {
+    if (!m_bSelectPending) return;
+    m_bSelectPending = false;
+    KillTimer(kSelectTimer);
+    CycleSelection();
 }
 
 void CPriceEditRich::OnKillFocus(CWnd*) {
@@ -150,11 +166,13 @@ void CPriceEditRich::OnKillFocus(CWnd*) {
 void CPriceEditRich::OnChar(UINT character, UINT, UINT) {
     HideList();
     if (!PassesFilter(character)) return;
+    SelectNow();
     m_nSelState = kNone;
     Default();
 }
 
 void CPriceEditRich::OnKeyDown(UINT key, UINT, UINT) {
+    SelectNow();
     if (!orderentry::StepByKey(*this, key)) Default();
 }
 
@@ -162,8 +180,7 @@ void CPriceEditRich::OnTimer(UINT_PTR id) {
     if (id == kFollowTimer) {
         FollowEdit();
     } else if (id == kSelectTimer) {
-        KillTimer(kSelectTimer);
-        CycleSelection();
+        SelectNow();
     } else {
         Default();
     }

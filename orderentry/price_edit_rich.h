@@ -16,6 +16,8 @@ public:
     /// Attaches a number to the row with this text.
     void SetListOption(const char* text, int value);
     bool IsListOpen() const { return m_bListOpen; }
+    /// The text that the edit had when its list was opened last, at most 63 bytes of it.
+    const char* PreviousText() const { return m_szPrevious; }
     void HideList();
     /// Hides the list for a press at a place of the screen that is neither in it nor in the edit.
     void OnClickOutside(CPoint screen);
@@ -41,9 +43,15 @@ private:
     int ListWidth() const;
     SelState Selection() const;
     void CycleSelection();
+    void SelectSoon();
+    /// Makes the selection that is due. Keys do it first: one that comes before the timer would
+    /// else go into the old selection, and the next one replace it.
+    void SelectNow();
 
     SelState m_nSelState = kNone;
+    bool m_bSelectPending = false;
     bool m_bListOpen = false;
     CListBoxDlg m_list;
     int m_nListWidth = 0;
+    char m_szPrevious[64] = {};  ///< the text when the list was opened last
 };

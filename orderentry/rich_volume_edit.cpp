@@ -39,20 +39,31 @@ void CRichVolumeEdit::OnSetFocus(CWnd*) {
     Default();
     const std::string text = Text();
     if (!text.empty()) m_strSaved = text;
-    SetTimer(kSelectTimer, kSelectMillis, nullptr);
+    m_bSelectPending = SetTimer(kSelectTimer, kSelectMillis, nullptr) != 0;
+}
+
+void CRichVolumeEdit::SelectNow() {
+    if (!m_bSelectPending) return;
+    m_bSelectPending = false;
+    KillTimer(kSelectTimer);
+    SetSel(0, -1);
 }
 
 void CRichVolumeEdit::OnKillFocus(CWnd*) {
     // First, so that whoever hears of the lost focus finds a volume.
     if (GetWindowTextLength() == 0 && !m_strSaved.empty()) SetWindowText(m_strSaved.c_str());
+    m_keyboard.HideUnlessPointedAt();
     Default();
 }
 
 void CRichVolumeEdit::OnChar(UINT character, UINT, UINT) {
-    if (character >= '0' && character <= '9') Default();
+    if (character < '0' || character > '9') return;
+    SelectNow();
+    Default();
 }
 
 void CRichVolumeEdit::OnKeyDown(UINT key, UINT, UINT) {
+    SelectNow();
     if (!orderentry::StepByKey(*this, key)) Default();
 }
 
@@ -61,8 +72,7 @@ void CRichVolumeEdit::OnTimer(UINT_PTR id) {
         Default();
         return;
     }
-    KillTimer(kSelectTimer);
-    SetSel(0, -1);
+    SelectNow();
 }
 
 void CRichVolumeEdit::OnDestroy() {

@@ -25,7 +25,11 @@ protected:
 
 private:
     std::string Text() const;
+    /// Selects what the timer is going to select. Keys do it first: else the second digit typed
+    /// would replace the first.
+    void SelectNow();
 
+    bool m_bSelectPending = false;
     std::string m_strSaved;
     CKeyBoardDlgVolume m_keyboard;
 };

@@ -4,6 +4,9 @@
 #include <random>
 #include <vector>
 
+#include "platform/system.h"
+#include "platform/text/gbk.h"
+
 namespace orderentry {
 
 std::string WithKey(const std::string& text, char character) {
@@ -12,6 +15,16 @@ std::string WithKey(const std::string& text, char character) {
 
 std::string WithoutLastKey(const std::string& text) {
     return text.empty() ? text : text.substr(0, text.size() - 1);
+}
+
+std::string WithoutLastCharacter(const std::string& text) {
+    return text.empty() ? text : text.substr(0, text::PrefixLength(text, text.size() - 1));
+}
+
+void SetSoftKeyText(HWND edit, const std::string& text) {
+    ::SetWindowTextA(edit, text.c_str());
+    const auto end = static_cast<WPARAM>(::GetWindowTextLengthA(edit));
+    ::SendMessageA(edit, EM_SETSEL, end, static_cast<LPARAM>(end));
 }
 
 void ShuffleKeys(char first, int count, std::uint32_t& seed, char* out) {

@@ -138,6 +138,46 @@ TEST_F(Composites, ClicksSelectTheWholeAndTheLastDigitByTurns) {
     EXPECT_EQ(TextOf(Price()), "4");
 }
 
+// The selection that a click or the focus brings comes by a timer, which is slower than fast hands.
+TEST_F(Composites, KeysBeforeTheTimerFindItsSelection) {
+    Price().SetWindowText("300.50");
+    Price().SetFocus();
+    Type("4");
+    PumpFor(60);
+    Type("12");
+    EXPECT_EQ(TextOf(Price()), "412");
+    Volume().SetWindowText("7");
+    Volume().SetFocus();
+    Type("2");
+    PumpFor(120);
+    Type("5");
+    EXPECT_EQ(TextOf(Volume()), "25");
+    other_.SetFocus();
+    Volume().SetFocus();
+    Key(VK_DELETE);
+    EXPECT_EQ(TextOf(Volume()), "");
+}
+
+TEST_F(Composites, TheListGoesWithItsPageAndRemembersTheText) {
+    Price().SetWindowText("300.50");
+    Click(Price());
+    ASSERT_NE(OpenPopup(page_), nullptr);
+    Price().SetWindowText("4");
+    EXPECT_STREQ(static_cast<CPriceEditRich&>(Price()).PreviousText(), "300.50");
+    PumpFor(600);
+    Click(Price());
+    ASSERT_NE(OpenPopup(page_), nullptr);
+    price_.ShowWindow(SW_HIDE);
+    PumpFor(60);
+    EXPECT_EQ(OpenPopup(page_), nullptr);
+    price_.ShowWindow(SW_SHOW);
+    PumpFor(600);
+    Click(Price());
+    ASSERT_NE(OpenPopup(page_), nullptr);
+    price_.DestroyWindow();
+    EXPECT_EQ(OpenPopup(page_), nullptr);
+}
+
 TEST_F(Composites, TheListOpensBelowFollowsAndCloses) {
     Click(Price());
     HWND popup = OpenPopup(page_);
@@ -195,6 +235,13 @@ TEST_F(Composites, TheVolumeKeyboardOpensOnlyWithPresets) {
     volume_.VolumeEdit()->Keyboard().SetPresets({"1", "10"});
     Click(Volume());
     EXPECT_NE(OpenPopup(page_), nullptr);
+    Price().SetFocus();
+    EXPECT_EQ(OpenPopup(page_), nullptr);
+    PumpFor(600);
+    Click(Volume());
+    Click(*CWnd::FromHandle(GetDlgItem(OpenPopup(page_), CKeyBoardDlgVolume::kPresets[1])));
+    EXPECT_EQ(OpenPopup(page_), nullptr);
+    EXPECT_EQ(TextOf(Volume()), "10");
 }
 
 class PlainPriceEdit : public PageTest {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <memory>
 
 #include "orderentry/key_board_dlg.h"
 #include "orderentry/key_board_dlg_volume.h"
@@ -97,6 +98,19 @@ TEST_F(SoftKeyboard, KeysGoBehindTheTextWithinThePermission) {
     edit_.SetWindowText(full.c_str());
     Press(keyboard_, CKeyBoardDlg::kFirstDigit);
     EXPECT_EQ(edit_.GetWindowTextLength(), 127);
+    edit_.SetWindowText((full + "yz").c_str());
+    Press(keyboard_, CKeyBoardDlg::kFirstDigit);
+    EXPECT_EQ(edit_.GetWindowTextLength(), 129);
+}
+
+TEST_F(SoftKeyboard, TheRealKeyboardGoesOnBehindSoftKeys) {
+    keyboard_.Open(edit_);
+    edit_.SetWindowText("ab");
+    const std::string digit = Caption(keyboard_, CKeyBoardDlg::kFirstDigit);
+    Press(keyboard_, CKeyBoardDlg::kFirstDigit);
+    edit_.SetFocus();
+    platform::testing::Type("x");
+    EXPECT_EQ(TextOf(edit_), "ab" + digit + "x");
 }
 
 TEST_F(SoftKeyboard, ClosingTellsTheEditAndEnterTellsTheDialog) {
@@ -109,9 +123,19 @@ TEST_F(SoftKeyboard, ClosingTellsTheEditAndEnterTellsTheDialog) {
     EXPECT_TRUE(keyboard_.IsWindowVisible());
     Press(keyboard_, CKeyBoardDlg::kEnter);
     EXPECT_EQ(page_.messages, std::vector<UINT>{WM_KEYBOARD_READ});
-    // An edit that is gone is left alone.
-    edit_.DestroyWindow();
+}
+
+TEST_F(SoftKeyboard, AnEditThatIsGoneIsLeftAlone) {
+    auto edit = std::make_unique<CEdit>();
+    edit->Create(WS_CHILD | WS_VISIBLE, CRect(20, 20, 80, 44), &page_, 10021);
+    keyboard_.Open(*edit);
+    edit->DestroyWindow();
+    edit.reset();
     Press(keyboard_, CKeyBoardDlg::kFirstDigit);
+    EXPECT_FALSE(keyboard_.IsWindowVisible());
+    keyboard_.Open(edit_);
+    Press(keyboard_, CKeyBoardDlg::kFirstDigit);
+    EXPECT_EQ(edit_.GetWindowTextLength(), 1);
 }
 
 TEST_F(SoftKeyboard, VolumesAreChosenWhole) {
@@ -137,6 +161,10 @@ TEST_F(SoftKeyboard, VolumesAreChosenWhole) {
     volumes.Open(edit_);
     Press(volumes, CKeyBoardDlgVolume::kBackspace);
     EXPECT_EQ(TextOf(edit_), "12345678901234");
+    edit_.SetWindowText("3手");
+    volumes.Open(edit_);
+    Press(volumes, CKeyBoardDlgVolume::kBackspace);
+    EXPECT_EQ(TextOf(edit_), "3");
 }
 
 TEST_F(SoftKeyboard, VolumeKeysAreBlue) {
