@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "orderentry/contract_rules.h"
 #include "plugin/contract/core_access.h"
 #include "plugin/contract/ui_callback.h"
 
@@ -44,11 +45,7 @@ void PaintText(const CDC& dc, int x, int y, const char* text, COLORREF color) {
 /// Of the symbol with this key; -1 when the host does not know it.
 int DigitsOf(unsigned int packed) {
     CHostSymbol symbol{};
-    if (!g_pfnHostCallBack ||
-        g_pfnHostCallBack(HOST_GET_SYMBOL, packed, reinterpret_cast<LPARAM>(&symbol)) != 0) {
-        return -1;
-    }
-    return symbol.nDigits;
+    return GetSymbolInfo(LOWORD(packed), HIWORD(packed), &symbol) ? symbol.nDigits : -1;
 }
 
 }  // namespace

@@ -81,6 +81,12 @@ TEST_F(FiveLevelView, ShowsTheBookFromTheWorstAskDown) {
     EXPECT_EQ(Find("270.00").rect.left, 117);
 }
 
+TEST_F(FiveLevelView, ASymbolWithoutANameTellsNoDigits) {
+    view_.OnQuote(static_cast<unsigned>(host_.AddSymbol("", 20, 2, 0)), Book());
+    platform::testing::Pump();
+    EXPECT_EQ(Find("301.500").rect.left, 40);
+}
+
 TEST_F(FiveLevelView, ClicksTakePricesOver) {
     EXPECT_EQ(TargetAfterClickOn("301.00"), "301.00");
     EXPECT_EQ(TargetAfterClickOn("305.00"), "305.00");
