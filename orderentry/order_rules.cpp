@@ -69,7 +69,11 @@ bool SetEnteredPrice(CInsertOrderRequest& request, const std::string& text) {
 }  // namespace
 
 bool SetOrderPrice(CInsertOrderRequest& request, double price, int digits) {
-    if (IsUsablePrice(price) && FormatPrice(request.szPrice, price, digits)) return true;
+    // What prints as zero would be confirmed, and sent, as an order at no price at all.
+    if (IsUsablePrice(price) && FormatPrice(request.szPrice, price, digits) &&
+        ReadNumber(request.szPrice) > 0) {
+        return true;
+    }
     text::CopyText(request.szPrice, "");
     return false;
 }

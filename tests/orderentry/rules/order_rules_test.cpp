@@ -154,6 +154,17 @@ TEST_F(Orders, NeverCutAPrice) {
     EXPECT_EQ(std::string(63, '9'), RefusalText(order));
 }
 
+TEST_F(Orders, NeverPrintAPriceAsZero) {
+    for (const char* const price : {"0.001", "0.0049"}) {
+        const PreparedOrder order = PrepareOrder(Ticket(price, "1"));
+        EXPECT_EQ(OrderRefusal::kNoPrice, order.refusal) << price;
+        EXPECT_STREQ("", order.request.szPrice);
+    }
+    EXPECT_STREQ("0.01", PrepareOrder(Ticket("0.005", "1")).request.szPrice);
+    contract.nPriceDigits = 3;
+    EXPECT_STREQ("0.001", PrepareOrder(Ticket("0.001", "1")).request.szPrice);
+}
+
 TEST_F(Orders, SaturateTheirVolume) {
     EXPECT_EQ(std::numeric_limits<int>::max(),
               static_cast<int>(PrepareOrder(Ticket("300", "99999999999")).request.nVolume));
@@ -189,6 +200,7 @@ TEST_F(Orders, OfAnyTextsHaveAPriceThatCanBeRead) {
         ASSERT_LE(sent.size(), 15U);
         ASSERT_EQ(std::string::npos, sent.find_first_not_of("0123456789."));
         ASSERT_EQ('.', sent[sent.size() - 3]);
+        ASSERT_NE(std::string::npos, sent.find_first_of("123456789"));
         ASSERT_GE(static_cast<int>(order.request.nVolume), 1);
     }
     EXPECT_GT(accepted, 1000);
