@@ -115,15 +115,19 @@ void CGOLDAutoStopLossPupBase::AskMarketState() {
     if (!core) return;
     // First, since a core may answer within the call.
     m_bAsked = true;
+    m_asked = *m_pStop;
     core->SendFunctionRequest(kFunctionMarketState, MarketStateRequest(*m_pStop).c_str());
 }
 
 void CGOLDAutoStopLossPupBase::OnFunctionReply(const CAccountInfo*, int function,
                                                const char* text) {
-    if (function != kFunctionMarketState || !m_bAsked) return;
+    if (function != kFunctionMarketState || !m_bAsked || !GetSafeHwnd()) return;
     m_bAsked = false;
     const MarketVerdict verdict = CheckMarketState(text);
     const HWND window = m_hWnd;
     MessageBox(MarketVerdictText(verdict).c_str(), "提示", MB_TOPMOST);
-    if (verdict == MarketVerdict::kAllowed && ::IsWindow(window)) CDialog::OnOK();
+    if (verdict != MarketVerdict::kAllowed || !::IsWindow(window)) return;
+    // Clicks meanwhile have changed the record; what was asked about is what the caller gets.
+    *m_pStop = m_asked;
+    CDialog::OnOK();
 }

@@ -48,4 +48,5 @@ private:
     GOLDSetStopLoss m_settings;
     CStatic m_link;  ///< in place of the line below the tabs, for a position
     bool m_bAsked = false;
+    CPresetStop m_asked{};  ///< the record as it was when the market's state was asked for
 };

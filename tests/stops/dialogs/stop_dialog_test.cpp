@@ -298,7 +298,12 @@ TEST_F(StopDialog, APositionsStopsWaitForTheMarketsState) {
                  // Answered once; a second answer to the same question is none.
                  FireReply(6027, "0|0|0|Y|SGE|Au(T+D)|1|");
                  EXPECT_TRUE(::IsWindow(*dialog_));
+                 Press(Stops(), Page::kLongStop);
+                 Set(Stops(), Page::kLongStopPrice, "280.5");
                  ::SendMessageA(*dialog_, WM_COMMAND, IDOK, 0);
+                 // After the question, so no part of the answer.
+                 Press(Stops(), Page::kLongStop);
+                 EXPECT_EQ(double{stop_.dLongStop}, 0.0);
              },
              [&allowed] {
                  platform::testing::AnswerNextBox(IDOK, &allowed);
@@ -308,6 +313,7 @@ TEST_F(StopDialog, APositionsStopsWaitForTheMarketsState) {
     EXPECT_EQ(refused.text, text::Utf8FromGbk("盘后禁止设置当日有效条件单."));
     EXPECT_EQ(allowed.title, text::Utf8FromGbk("提示"));
     EXPECT_EQ(core_.set_params.size(), 2U);
+    EXPECT_EQ(double{stop_.dLongStop}, 280.5);
     // Gone, it listens no more.
     FireReply(6027, "0|0|0|Y|SGE|Au(T+D)|1|");
 }
