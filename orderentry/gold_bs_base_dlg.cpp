@@ -1,5 +1,8 @@
 #include "orderentry/gold_bs_base_dlg.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "controls/page_ground.h"
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/core_access.h"
@@ -12,6 +15,9 @@ namespace {
 constexpr int kSpareContracts = 16;
 constexpr int kOrderPageTop = 4;
 constexpr int kReportTop = 2;
+constexpr int kLevelsWidth = 180;
+
+constexpr int kListPages[] = {0, 1, 2, 3, 17};
 
 }  // namespace
 
@@ -30,7 +36,9 @@ BOOL CGoldBSBaseDlg::OnInitDialog() {
         m_report.Window().ShowWindow(SW_SHOW);
     }
     m_stock5.Create(CStock5BSDlg::IDD, this);
-    LayOut();
+    m_stock5.SetTarget(m_bs.PriceWindow());
+    m_bs.SetFiveLevels(&m_stock5);
+    ShowFiveLevels();
     return TRUE;
 }
 
@@ -73,8 +81,17 @@ const CZebContract* CGoldBSBaseDlg::FindContractBySymbol(unsigned int packed) co
 }
 
 void CGoldBSBaseDlg::SetPage(int page) {
-    if (m_stock5.m_hWnd != nullptr) m_stock5.ShowWindow(SW_HIDE);
+    if (m_stock5.m_hWnd != nullptr && std::ranges::find(kListPages, page) != std::end(kListPages)) {
+        m_stock5.ShowWindow(SW_HIDE);
+        LayOut();
+    }
     m_report.SetPage(page);
+}
+
+void CGoldBSBaseDlg::ShowFiveLevels() {
+    if (m_stock5.m_hWnd == nullptr) return;
+    m_stock5.ShowWindow(SW_SHOW);
+    LayOut();
 }
 
 void CGoldBSBaseDlg::OnQuote(unsigned int packed, const JSDyn1& quote) {
@@ -101,11 +118,14 @@ void CGoldBSBaseDlg::LayOut() {
     if (m_bs.m_hWnd == nullptr || m_stock5.m_hWnd == nullptr) return;
     CRect client;
     GetClientRect(&client);
-    const int report_width = client.Width() - CGoldBsDlg::kWidth;
     m_bs.MoveWindow(0, kOrderPageTop, CGoldBsDlg::kWidth, client.Height() - kOrderPageTop);
+    const bool levels = (m_stock5.GetStyle() & WS_VISIBLE) != 0;
+    const int rest = client.Width() - CGoldBsDlg::kWidth;
+    const int report_width = std::max(0, levels ? rest - kLevelsWidth : rest);
+    const int height = client.Height() - kReportTop;
+    m_stock5.MoveWindow(CGoldBsDlg::kWidth + report_width, kReportTop, kLevelsWidth, height);
     if (m_report.Window().m_hWnd == nullptr) return;
-    m_report.Window().MoveWindow(CGoldBsDlg::kWidth, kReportTop, report_width,
-                                 client.Height() - kReportTop);
+    m_report.Window().MoveWindow(CGoldBsDlg::kWidth, kReportTop, report_width, height);
 }
 
 BOOL CGoldBSBaseDlg::OnEraseBkgnd(CDC* dc) {

@@ -24,8 +24,10 @@ public:
     const CZebContract* FindContractBySymbol(unsigned int packed) const;
     bool ContractsLoaded() const { return m_bContractLoaded; }
 
-    /// The view by the number of the menu entry: 0, 1, 2, 3, 17.
+    /// The view by the number of the menu entry. Those of the lists, 0, 1, 2, 3 and 17, take the
+    /// place of the five levels, which are shown at first.
     void SetPage(int page);
+    void ShowFiveLevels();
     /// A quote, for the lists and, if it is about their contract, for order page and five levels.
     void OnQuote(unsigned int packed, const JSDyn1& quote);
     /// A press anywhere in the host, on the screen.

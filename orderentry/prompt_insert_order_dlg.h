@@ -7,6 +7,7 @@
 class CPromptInsertOrderDlg : public CDialog {
 public:
     static constexpr UINT IDD = 10105;
+    static constexpr int kIcon = 1013;
     static constexpr int kContract = 10001;
     static constexpr int kDirection = 10003;
     static constexpr int kOffset = 10012;
@@ -19,6 +20,16 @@ public:
     CPromptInsertOrderDlg(const CInsertOrderRequest* request, CWnd* parent)
         : CDialog(IDD, parent), m_pRequest(request) {}
 
+protected:
+    BOOL OnInitDialog() override;
+
+    HBRUSH OnCtlColor(CDC* dc, CWnd* control, UINT kind);
+    DECLARE_MESSAGE_MAP()
+
 private:
     const CInsertOrderRequest* m_pRequest;
 };
+
+/// May the order go? Asks the user over `window` unless the trading parameters say not to; for a
+/// quick close (`bClose`) they must say so twice. A loop runs meanwhile.
+bool ConfirmOrder(CWnd* window, const CInsertOrderRequest& request, bool bClose);

@@ -29,8 +29,9 @@ using toolkit::Units;
 constexpr DWORD kHiddenEdit = ES_AUTOHSCROLL | WS_BORDER | WS_DISABLED;
 constexpr DWORD kHiddenCheck = BS_AUTOCHECKBOX | WS_TABSTOP;
 
-// The hidden edits keep the places of the composites for price and volume. They stand before them,
-// so their ids lead to them and not to the composites.
+// In the order of the Tab key. The hidden edits keep the places of the composites for price and
+// volume. They stand before them, so their ids lead to them and not to the composites. No button is
+// the default one: Enter must never send an order from another control.
 constexpr DialogControl kBsControls[] = {
     Label(CGoldBsDlg::kContractLabel, "合约名称:", Pixels(8, 18, 60, 16)),
     DropDown(CGoldBsDlg::kContract, Pixels(68, 12, 144, 240), CBS_DROPDOWN | CBS_AUTOHSCROLL),
@@ -40,20 +41,21 @@ constexpr DialogControl kBsControls[] = {
     Label(CGoldBsDlg::kOffsetLabel, "开平状态:", Pixels(8, 72, 60, 18), SS_CENTERIMAGE),
     RadioButton(CGoldBsDlg::kOpen, "开仓", Pixels(68, 72, 45, 18), WS_GROUP),
     RadioButton(CGoldBsDlg::kClose, "平仓", Pixels(118, 72, 45, 18)),
-    Control(CGoldBsDlg::kNet, "Button", "自动",
-            BS_AUTOCHECKBOX | WS_VISIBLE | WS_TABSTOP | WS_GROUP, Pixels(168, 72, 45, 18)),
-    Label(CGoldBsDlg::kPriceLabel, "委托价格:", Pixels(8, 104, 60, 16)),
+    Control(CGoldBsDlg::kNet, "Button", "自动", BS_AUTOCHECKBOX | WS_VISIBLE,
+            Pixels(168, 72, 45, 18)),
+    Label(CGoldBsDlg::kPriceLabel, "委托价格:", Pixels(8, 104, 60, 16), WS_GROUP),
     Control(CGoldBsDlg::kPrice, "Edit", "", kHiddenEdit, Pixels(68, 98, 144, 24)),
-    Label(CGoldBsDlg::kMaxVolumeLabel, "最大可开:", Pixels(8, 131, 60, 16)),
-    TextEdit(CGoldBsDlg::kMaxVolume, Pixels(68, 125, 92, 24),
-             ES_AUTOHSCROLL | ES_READONLY | ES_RIGHT),
-    PushButton(CGoldBsDlg::kAskMaxVolume, "可开", Pixels(164, 125, 48, 24)),
     Label(CGoldBsDlg::kVolumeLabel, "委托数量:", Pixels(8, 158, 60, 16)),
     Control(CGoldBsDlg::kVolume, "Edit", "", kHiddenEdit, Pixels(68, 152, 144, 24)),
+    PushButton(CGoldBsDlg::kSubmit, "买入", Pixels(68, 204, 92, 32)),
+    PushButton(CGoldBsDlg::kReset, "复位", Pixels(164, 204, 48, 32)),
     Control(CGoldBsDlg::kStops, "Button", "止盈止损", kHiddenCheck, Pixels(103, 179, 70, 18)),
     Control(CGoldBsDlg::kAutoStop, "Button", "自动止损", kHiddenCheck, Pixels(146, 179, 70, 18)),
-    DefaultButton(CGoldBsDlg::kSubmit, "买入", Pixels(68, 204, 92, 32)),
-    PushButton(CGoldBsDlg::kReset, "复位", Pixels(164, 204, 48, 32)),
+    Label(CGoldBsDlg::kMaxVolumeLabel, "最大可开:", Pixels(8, 131, 60, 16)),
+    Control(CGoldBsDlg::kMaxVolume, "Edit", "",
+            ES_AUTOHSCROLL | ES_READONLY | ES_RIGHT | WS_VISIBLE | WS_BORDER,
+            Pixels(68, 125, 92, 24)),
+    PushButton(CGoldBsDlg::kAskMaxVolume, "可开", Pixels(164, 125, 48, 24)),
 };
 
 // The texts before radios, price and volume are painted by the page.
@@ -77,10 +79,9 @@ constexpr DialogControl kPanelBsControls[] = {
     PushButton(CPanelBSDlg::kSell, "卖出", Pixels(196, 116, 76, 68)),
 };
 
-constexpr int kIcon = 1013;
-
 constexpr DialogControl kPromptControls[] = {
-    Control(kIcon, "Static", "", SS_ICON | WS_VISIBLE, Pixels(16, 16, 32, 32)),
+    Control(CPromptInsertOrderDlg::kIcon, "Static", "", SS_ICON | WS_VISIBLE,
+            Pixels(16, 16, 32, 32)),
     Label(CPromptInsertOrderDlg::kContract, "合约代码：", Pixels(64, 16, 240, 16)),
     Label(CPromptInsertOrderDlg::kDirection, "买卖方向：", Pixels(64, 40, 240, 16)),
     Label(CPromptInsertOrderDlg::kOffset, "开平方向：", Pixels(64, 64, 240, 16)),

@@ -69,7 +69,7 @@ int CMainDlg::OnCreate(LPCREATESTRUCT create) {
     m_pCurPage = &m_dlgBSBase;
     Positions().SetOwner(this);
     Orders().SetOwner(this);
-    m_dlgBSBase.OrderPage().Connect(&m_report, this);
+    m_dlgBSBase.OrderPage().Connect(&m_report, this, &m_stopLink);
     m_dlgTranAccount.Create(CTranAccountDlg::IDD, this);
     m_dlgChangePwd.Create(CChangePwdDlg::IDD, this);
     m_dlgFunds.Create(CGoldFundsdlg::IDD, this);

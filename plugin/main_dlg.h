@@ -113,6 +113,7 @@ private:
     void SendClientReport();
 
     ReportLink m_report;  ///< before the page that holds on to it
+    StopLink m_stopLink;
 
     unsigned char m_bStkListDone = 0;  ///< all positions have been offered to GetStkList once
     void* m_hPanelOwner = nullptr;

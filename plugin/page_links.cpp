@@ -4,6 +4,7 @@
 #include "lists/panel_watch_info_dlg.h"
 #include "session/lock_dlg.h"
 #include "session/panel_login_dlg.h"
+#include "stops/auto_stop_loss_pup_base.h"
 
 namespace {
 
@@ -68,6 +69,12 @@ void ReportLink::OnQuote(unsigned int packed, const JSDyn1& quote) {
 
 int ReportLink::CloseVolume(const char* contract, char direction) const {
     return m_report.m_position.GetOppositeAvailable(contract, direction);
+}
+
+bool StopLink::Edit(const CZebContract& contract, CPresetStop& stop, const char* title,
+                    CWnd* parent) {
+    CGOLDAutoStopLossPupBase dialog(&contract, &stop, title, parent);
+    return dialog.DoModal() == IDOK;
 }
 
 std::unique_ptr<PanelParts> MakePanelParts() { return std::make_unique<PanelLink>(); }

@@ -5,6 +5,7 @@
 #include "lists/gold_reprot_dlg.h"
 #include "orderentry/panel_parts.h"
 #include "orderentry/report_pane.h"
+#include "orderentry/stop_dialog.h"
 
 /// The report page as the page of order and lists knows it. Must outlive that page.
 class ReportLink : public ReportPane {
@@ -23,6 +24,13 @@ public:
 
 private:
     CGoldReprotDlg m_report;
+};
+
+/// The stop dialog as order page and tickets know it.
+class StopLink : public StopDialog {
+public:
+    bool Edit(const CZebContract& contract, CPresetStop& stop, const char* title,
+              CWnd* parent) override;
 };
 
 /// The pages of one panel that are not order entry's.

@@ -79,11 +79,31 @@ TEST_F(BSBase, PutsTheOrderPageAtTheLeftAndTheListsInTheRest) {
     page.ScreenToClient(&order);
     page.ScreenToClient(&lists);
     EXPECT_EQ(tests::PlaceText(order), "0,4-220,300");
-    EXPECT_EQ(tests::PlaceText(lists), "220,2-900,300");
+    EXPECT_EQ(tests::PlaceText(lists), "220,2-720,300");
     EXPECT_TRUE(page.OrderPage().IsWindowVisible());
-    EXPECT_FALSE(page.FiveLevels().IsWindowVisible());
     EXPECT_EQ(report.receiver, page.OrderPage().m_hWnd);
     EXPECT_EQ(report.source, &page);
+}
+
+TEST_F(BSBase, ShowsTheFiveLevelsUntilTheListsTakeTheirPlace) {
+    const auto place_of = [&](CWnd& window) {
+        CRect place;
+        window.GetWindowRect(&place);
+        page.ScreenToClient(&place);
+        return tests::PlaceText(place);
+    };
+    EXPECT_TRUE(page.FiveLevels().IsWindowVisible());
+    EXPECT_EQ(place_of(page.FiveLevels()), "720,2-900,300");
+    page.SetPage(4);
+    EXPECT_TRUE(page.FiveLevels().IsWindowVisible());
+    for (const int list : {0, 1, 2, 3, 17}) {
+        page.SetPage(list);
+        EXPECT_FALSE(page.FiveLevels().IsWindowVisible()) << list;
+        EXPECT_EQ(place_of(report.Window()), "220,2-900,300") << list;
+        page.ShowFiveLevels();
+        EXPECT_TRUE(page.FiveLevels().IsWindowVisible()) << list;
+        EXPECT_EQ(place_of(report.Window()), "220,2-720,300") << list;
+    }
 }
 
 TEST_F(BSBase, KnowsNoContractBeforeTheyAreLoaded) {
