@@ -6,6 +6,7 @@ std::unique_ptr<CWnd> CComboPriceEdit::CreateInnerEdit(int id) {
                  this, static_cast<UINT>(id));
     edit->SetBackgroundColor(FALSE, BackColor());
     edit->SetEventMask(ENM_CHANGE);
+    edit->LimitText(kTextMax);
     m_pPrice = edit.get();
     return edit;
 }
@@ -28,7 +29,12 @@ void CComboPriceEdit::SelectWord(const char* text) {
     if (m_pPrice) m_pPrice->SelectWord(text);
 }
 
-void CComboPriceEdit::OnEditChanged() {
-    EnableButtons();
-    OnClickOutside(0, 0);
+BOOL CComboPriceEdit::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const BOOL handled = CPriceEditEx::OnCommand(wParam, lParam);
+    // The page has been told, and may have taken the edit down for it.
+    if (GetSafeHwnd() && LOWORD(wParam) == EditId() && HIWORD(wParam) == EN_CHANGE) {
+        EnableButtons();
+        OnClickOutside(0, 0);
+    }
+    return handled;
 }

@@ -18,7 +18,7 @@ public:
     virtual void SelectWord(const char* text);
 
 protected:
-    void OnEditChanged() override;
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
 
 private:
     CPriceEditRich* m_pPrice = nullptr;  ///< the inner edit

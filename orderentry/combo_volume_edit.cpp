@@ -6,6 +6,7 @@ std::unique_ptr<CWnd> CComboVolumeEdit::CreateInnerEdit(int id) {
                  this, static_cast<UINT>(id));
     edit->SetBackgroundColor(FALSE, BackColor());
     edit->SetEventMask(ENM_CHANGE);
+    edit->LimitText(kTextMax);
     m_pVolume = edit.get();
     return edit;
 }

@@ -124,10 +124,7 @@ BOOL CPriceEditEx::OnCommand(WPARAM wParam, LPARAM lParam) {
         Step(-1);
     } else if (id == kPlus && code == BN_CLICKED) {
         Step(1);
-    } else if (id == m_nEditId && m_pEdit && code == EN_CHANGE) {
-        TellPage(code);
-        OnEditChanged();
-    } else if (id == m_nEditId && m_pEdit && code == EN_KILLFOCUS) {
+    } else if (id == m_nEditId && m_pEdit && (code == EN_CHANGE || code == EN_KILLFOCUS)) {
         TellPage(code);
     } else {
         return CDialog::OnCommand(wParam, lParam);

@@ -13,6 +13,9 @@ public:
     static constexpr UINT IDD = 10106;
     static constexpr int kMinus = 10008;
     static constexpr int kPlus = 10009;
+    /// What a page reads of the text, in bytes. Nobody can enter more, so nothing that is seen is
+    /// left out of an order.
+    static constexpr int kTextMax = 31;
 
     CPriceEditEx(int edit_id, int spin_id) : m_nEditId(edit_id), m_nSpinId(spin_id) {}
     ~CPriceEditEx() override;
@@ -40,9 +43,8 @@ protected:
     void OnOK() override {}
     void OnCancel() override {}
     BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
-    /// The text has changed, and the page has been told.
-    virtual void OnEditChanged() {}
     void EnableButtons();
+    int EditId() const { return m_nEditId; }
     COLORREF BackColor() const { return m_crBack; }
 
     void OnSize(UINT type, int cx, int cy);

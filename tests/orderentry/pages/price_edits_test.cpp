@@ -138,6 +138,15 @@ TEST_F(Composites, ClicksSelectTheWholeAndTheLastDigitByTurns) {
     EXPECT_EQ(TextOf(Price()), "4");
 }
 
+TEST_F(Composites, NoLongerTextsFitThanPagesRead) {
+    for (CWnd* const edit : {&Price(), &Volume()}) {
+        edit->SetFocus();
+        PumpFor(120);
+        Type("00000000000000000000000000003000555");
+        EXPECT_EQ(TextOf(*edit), "0000000000000000000000000000300");
+    }
+}
+
 // The selection that a click or the focus brings comes by a timer, which is slower than fast hands.
 TEST_F(Composites, KeysBeforeTheTimerFindItsSelection) {
     Price().SetWindowText("300.50");
