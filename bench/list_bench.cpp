@@ -1,22 +1,19 @@
-// A list of 10,000 rows and 10 columns whose cells a page paints, texts formatted from records each
-// time, on 1000 x 600 pixels.
+// The list that a page paints, refreshed, scrolled and resized.
 
-#include <cstdio>
 #include <cstring>
 #include <vector>
 
 #include "bench/ratio.h"
-#include "controls/ower_draw_list_view.h"
+#include "bench/sample_list.h"
 #include "controls/templates.h"
 
 namespace {
 
-constexpr int kRows = 10'000;
-constexpr int kColumns = 10;
-constexpr int kColumnWidth = 100;
-constexpr int kRowHeight = 22;
-constexpr int kWidth = 1000;
-constexpr int kHeight = 600;
+using bench::kHeight;
+using bench::kRowHeight;
+using bench::kWidth;
+using bench::MakeList;
+
 constexpr std::size_t kBytes = std::size_t{kWidth} * kHeight * 4;
 
 const toolkit::TemplateTable kTables[] = {controls::kTemplates};
@@ -24,99 +21,6 @@ const toolkit::TemplateTable kTables[] = {controls::kTemplates};
 CWinApp& App() {
     static CWinApp app("list_bench");
     return app;
-}
-
-struct Record {
-    const char* contract;
-    bool buy;
-    double price;
-    int volume;
-    double profit;
-    int seconds;
-};
-
-const std::vector<Record>& Records() {
-    static const std::vector<Record> records = [] {
-        static const char* const kContracts[] = {"Au(T+D)", "Ag(T+D)", "mAu(T+D)", "Au99.99"};
-        std::vector<Record> made;
-        made.reserve(kRows);
-        for (int row = 0; row < kRows; ++row) {
-            made.push_back({kContracts[row % 4], row % 2 == 0, 240 + row % 400 * 1.37,
-                            row % 300 * 13 + 1, (row % 100 - 10) * 123.45, row * 7 % 86400});
-        }
-        return made;
-    }();
-    return records;
-}
-
-struct Cell {
-    char text[64];
-    COLORREF color = 0x555555;
-    UINT format = DT_SINGLELINE | DT_VCENTER;
-};
-
-void Fill(const Record& record, int column, Cell& cell) {
-    const auto print = [&cell](const char* pattern, auto... values) {
-        std::snprintf(cell.text, sizeof cell.text, pattern, values...);
-    };
-    switch (column) {
-        case 0: print("%s", record.contract); break;
-        case 1: print("%s", record.buy ? "买入" : "卖出"); break;
-        case 2: print("%.2f", record.price); break;
-        case 3: print("%d", record.volume); break;
-        case 4: print("%+.2f", record.profit); break;
-        case 5:
-            print("%02d:%02d:%02d", record.seconds / 3600, record.seconds / 60 % 60,
-                  record.seconds % 60);
-            break;
-        case 6: print("%s", "黄金延期"); break;
-        case 7: print("%.2f", record.price * 1.1); break;
-        case 8: print("%s", "已成交"); break;
-        default: print("%d手", record.volume / 2); break;
-    }
-    const bool number = column == 2 || column == 3 || column == 4 || column == 7;
-    if (number) cell.format |= DT_RIGHT;
-    if (column == 0) cell.color = 0xB26429;
-    if (column == 1) cell.color = record.buy ? 0x0001F6 : 0x019900;
-    if (column == 4) cell.color = record.profit > 0 ? 0x0001F6 : 0x019900;
-}
-
-void PaintCell(HDC dc, int row, int column, RECT* rect, HFONT, CWnd*, void*) {
-    Cell cell;
-    Fill(Records()[static_cast<std::size_t>(row % kRows)], column, cell);
-    SetTextColor(dc, cell.color);
-    DrawTextA(dc, cell.text, -1, rect, cell.format);
-}
-
-/// A window with nothing but a list whose client area is as large as the other lists measured.
-class Window : public CWnd {
-public:
-    explicit Window(int rows) {
-        const CRect list_place(0, 0, kWidth + GetSystemMetrics(SM_CXVSCROLL),
-                               kHeight + GetSystemMetrics(SM_CYHSCROLL));
-        CreateEx(0, nullptr, "", WS_POPUP | WS_VISIBLE, list_place, nullptr, 0);
-        list.Create(list_place, this, 1);
-        list.SetVirtual();
-        list.m_pfnDrawCell = PaintCell;
-        for (int column = 0; column < kColumns; ++column) {
-            list.InsertColumn("标题", kColumnWidth, DT_SINGLELINE | DT_VCENTER | DT_CENTER, 0,
-                              FALSE, FALSE);
-        }
-        list.SetRowCount(rows, TRUE);
-        list.ShowWindow(SW_SHOW);
-        UpdateWindow();
-    }
-    ~Window() override { DestroyWindow(); }
-
-    COwerDrawListView list;
-};
-
-// Windows of their own that stay to the end of the program.
-COwerDrawListView& MakeList(int rows) { return (new Window(rows))->list; }
-
-COwerDrawListView& List() {
-    static COwerDrawListView& list = MakeList(kRows);
-    return list;
 }
 
 std::vector<unsigned char>& Memory() {
@@ -128,11 +32,8 @@ std::vector<unsigned char>& Memory() {
 void Written(const void* memory) { asm volatile("" : : "r"(memory) : "memory"); }
 
 RATIO("list.full_repaint_over_memset") {
-    COwerDrawListView& list = List();
-    return {[&list] {
-                list.SetRowCount(kRows, TRUE);
-                list.UpdateWindow();
-            },
+    bench::List();
+    return {[] { bench::RepaintList(); },
             [] {
                 std::memset(Memory().data(), 0xFF, kBytes);
                 Written(Memory().data());
@@ -140,7 +41,7 @@ RATIO("list.full_repaint_over_memset") {
 }
 
 RATIO("list.wheel_step_over_memmove") {
-    COwerDrawListView& list = List();
+    COwerDrawListView& list = bench::List();
     return {[&list] {
                 static int step = 0;
                 // A screenful down, a screenful up.
