@@ -22,6 +22,17 @@ void InitControlClasses() {
 /// message while it waited.
 void WakeLoop() { ::PostThreadMessageA(::GetCurrentThreadId(), WM_NULL, 0, 0); }
 
+/// Is this an Enter key that is being held, in a control that leaves it to its dialog? Somebody who
+/// holds it a moment too long must not press the default button of the dialog that the first press
+/// has opened, or the same button twice.
+bool IsHeldEnter(const MSG& message) {
+    constexpr LPARAM kWasDown = 1 << 30;
+    if (message.message != WM_KEYDOWN || message.wParam != VK_RETURN) return false;
+    if ((message.lParam & kWasDown) == 0) return false;
+    const LRESULT code = ::SendMessageA(message.hwnd, WM_GETDLGCODE, 0, 0);
+    return (code & DLGC_WANTALLKEYS) == 0;
+}
+
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CDialog, CWnd)
@@ -136,5 +147,6 @@ BOOL CDialog::PreTranslateMessage(MSG* message) {
     const UINT number = message->message;
     const bool key = number >= WM_KEYFIRST && number <= WM_KEYLAST;
     const bool mouse = number >= WM_MOUSEFIRST && number <= WM_MOUSELAST;
+    if (IsHeldEnter(*message)) return TRUE;
     return (key || mouse) && ::IsDialogMessageA(m_hWnd, message);
 }

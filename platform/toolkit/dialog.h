@@ -29,7 +29,8 @@ public:
     void PrevDlgCtrl() const { SendMessage(WM_NEXTDLGCTL, 1, FALSE); }
     void GotoDlgCtrl(CWnd* control);
 
-    /// Keys and clicks work as in a dialog whichever loop runs.
+    /// Keys and clicks work as in a dialog whichever loop runs. An Enter key that is held presses
+    /// nothing but once.
     BOOL PreTranslateMessage(MSG* message) override;
 
 protected:

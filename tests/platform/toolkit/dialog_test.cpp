@@ -357,4 +357,21 @@ TEST(Dialog, MovesTheFocus) {
     EXPECT_EQ(CWnd::GetFocus(), dialog.GetDlgItem(tests::kFormEdit));
 }
 
+TEST(Dialog, AHeldEnterPressesNothing) {
+    tests::Frame frame;
+    Question dialog(nullptr);
+    ASSERT_TRUE(dialog.Create(kAskDialog, &frame));
+    dialog.ShowWindow(SW_SHOW);
+    MSG enter{};
+    enter.hwnd = dialog.GetDlgItem(tests::kFormEdit)->m_hWnd;
+    enter.message = WM_KEYDOWN;
+    enter.wParam = VK_RETURN;
+    enter.lParam = 1 | 1 << 30;
+    EXPECT_TRUE(dialog.PreTranslateMessage(&enter));
+    EXPECT_TRUE(dialog.IsWindowVisible());
+    enter.lParam = 1;
+    EXPECT_TRUE(dialog.PreTranslateMessage(&enter));
+    EXPECT_FALSE(dialog.IsWindowVisible());
+}
+
 }  // namespace
