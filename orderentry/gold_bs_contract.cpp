@@ -31,6 +31,7 @@ void CGoldBsDlg::SetContracts(const CZebContract* contracts, int count) {
         SendDlgItemMessage(kContract, CB_SETITEMDATA, static_cast<WPARAM>(item), index);
         m_vecCodeLength.push_back(static_cast<int>(code.size()));
     }
+    RefreshStopCheck();
     OnContractSelected();
 }
 

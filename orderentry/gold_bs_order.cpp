@@ -263,6 +263,6 @@ bool CGoldBsDlg::MayEditStops(COwerCheckBox& box) {
 }
 
 void CGoldBsDlg::RefreshStopCheck() {
-    if (m_pContract == nullptr || GetSafeHwnd() == nullptr) return;
-    m_stops.SetChecked(IsPresetStopActive(ReadPresetStop(*m_pContract)));
+    if (GetSafeHwnd() == nullptr) return;
+    m_stops.SetChecked(m_pContract != nullptr && IsPresetStopActive(ReadPresetStop(*m_pContract)));
 }

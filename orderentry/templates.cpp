@@ -33,7 +33,7 @@ constexpr DWORD kHiddenCheck = BS_AUTOCHECKBOX | WS_TABSTOP;
 // volume. They stand before them, so their ids lead to them and not to the composites. No button is
 // the default one: Enter must never send an order from another control.
 constexpr DialogControl kBsControls[] = {
-    Label(CGoldBsDlg::kContractLabel, "合约名称:", Pixels(8, 18, 60, 16)),
+    Label(CGoldBsDlg::kContractLabel, "合约名称:", Pixels(8, 12, 60, 24), SS_CENTERIMAGE),
     DropDown(CGoldBsDlg::kContract, Pixels(68, 12, 144, 240), CBS_DROPDOWN | CBS_AUTOHSCROLL),
     Label(CGoldBsDlg::kDirectionLabel, "买卖方向:", Pixels(8, 44, 60, 18), SS_CENTERIMAGE),
     RadioButton(CGoldBsDlg::kBuy, "买入", Pixels(68, 44, 45, 18), WS_GROUP),
@@ -43,19 +43,19 @@ constexpr DialogControl kBsControls[] = {
     RadioButton(CGoldBsDlg::kClose, "平仓", Pixels(118, 72, 45, 18)),
     Control(CGoldBsDlg::kNet, "Button", "自动", BS_AUTOCHECKBOX | WS_VISIBLE,
             Pixels(168, 72, 45, 18)),
-    Label(CGoldBsDlg::kPriceLabel, "委托价格:", Pixels(8, 104, 60, 16), WS_GROUP),
-    Control(CGoldBsDlg::kPrice, "Edit", "", kHiddenEdit, Pixels(68, 98, 144, 24)),
-    Label(CGoldBsDlg::kVolumeLabel, "委托数量:", Pixels(8, 158, 60, 16)),
-    Control(CGoldBsDlg::kVolume, "Edit", "", kHiddenEdit, Pixels(68, 152, 144, 24)),
+    Label(CGoldBsDlg::kPriceLabel, "委托价格:", Pixels(8, 94, 60, 24), SS_CENTERIMAGE | WS_GROUP),
+    Control(CGoldBsDlg::kPrice, "Edit", "", kHiddenEdit, Pixels(68, 94, 144, 24)),
+    Label(CGoldBsDlg::kVolumeLabel, "委托数量:", Pixels(8, 151, 60, 24), SS_CENTERIMAGE),
+    Control(CGoldBsDlg::kVolume, "Edit", "", kHiddenEdit, Pixels(68, 151, 144, 24)),
     PushButton(CGoldBsDlg::kSubmit, "买入", Pixels(68, 204, 92, 32)),
     PushButton(CGoldBsDlg::kReset, "复位", Pixels(164, 204, 48, 32)),
     Control(CGoldBsDlg::kStops, "Button", "止盈止损", kHiddenCheck, Pixels(103, 179, 70, 18)),
     Control(CGoldBsDlg::kAutoStop, "Button", "自动止损", kHiddenCheck, Pixels(146, 179, 70, 18)),
-    Label(CGoldBsDlg::kMaxVolumeLabel, "最大可开:", Pixels(8, 131, 60, 16)),
+    Label(CGoldBsDlg::kMaxVolumeLabel, "最大可开:", Pixels(8, 123, 60, 24), SS_CENTERIMAGE),
     Control(CGoldBsDlg::kMaxVolume, "Edit", "",
             ES_AUTOHSCROLL | ES_READONLY | ES_RIGHT | WS_VISIBLE | WS_BORDER,
-            Pixels(68, 125, 92, 24)),
-    PushButton(CGoldBsDlg::kAskMaxVolume, "可开", Pixels(164, 125, 48, 24)),
+            Pixels(68, 123, 92, 24)),
+    PushButton(CGoldBsDlg::kAskMaxVolume, "可开", Pixels(164, 123, 48, 24)),
 };
 
 // The texts before radios, price and volume are painted by the page.
@@ -159,7 +159,8 @@ constexpr DialogTemplate Popup(UINT id, std::span<const DialogControl> controls,
             .controls = controls};
 }
 
-// Pages with radio buttons of ours paint behind them: those copy what they find there.
+// Pages with radio buttons of ours paint behind them: those copy what they find there. So do the
+// composites: what clips its children does not hear for them that its page has painted over them.
 constexpr DialogTemplate kDialogs[] = {
     Page(CPanelTradeDlg::IDD, {}, 280, 400),
     Page(CGoldBSBaseDlg::IDD, {}, 820, 300),
@@ -172,7 +173,7 @@ constexpr DialogTemplate kDialogs[] = {
      .width = Units(320),
      .height = Units(216),
      .controls = kPromptControls},
-    Page(CPriceEditEx::IDD, {}, 144, 24),
+    Page(CPriceEditEx::IDD, {}, 144, 24, toolkit::kPageStyle),
     Popup(CListBoxDlg::IDD, kListBoxControls, 120, 84, WS_EX_TOOLWINDOW | WS_EX_TOPMOST),
     Popup(CKeyBoardDlg::IDD, kKeyBoardControls, 360, 124, WS_EX_TOOLWINDOW),
     Popup(CKeyBoardDlgVolume::IDD, kVolumeKeyControls, 284, 68, WS_EX_TOOLWINDOW),

@@ -155,6 +155,8 @@ TEST_F(OrderPage, LabelsTakeTheColorOfTheSide) {
         EXPECT_EQ(color_of(label), COLORREF{0x019300}) << label;
     }
     EXPECT_EQ(color_of("平仓"), COLORREF{0xC46D2D});
+    // What the page paints over inside of a composite is painted again.
+    EXPECT_NE(color_of("对手价"), COLORREF{1});
 }
 
 TEST_F(OrderPage, RefusesInTheOrderOfTheTicketAndSendsNothing) {
@@ -503,6 +505,7 @@ TEST_F(OrderPage, TheStopBoxShowsWhatTheCoreHasStored) {
     Press(CGoldBsDlg::kStops);
     ASSERT_EQ(stops_.titles.size(), 2U);
     EXPECT_GBK_EQ(stops_.titles[1], "Au(T+D)预设止盈止损");
+    EXPECT_FALSE(Checked(CGoldBsDlg::kStops));
     const CPresetStop stored = core_.preset_stops[{"SGE", "Au(T+D)"}];
     EXPECT_EQ(double{stored.dLongStop}, 290);
     EXPECT_STREQ(stored.szContract, "Au(T+D)");
