@@ -33,7 +33,7 @@ my %allowed = (
     'host'      =>
         [@windows, @front, qw(papercore host/skin host/market platform/start.h platform/testing)],
     'host/skin'   => [@windows, 'plugin/contract'],
-    'host/market' => [qw(platform/types.h platform/text plugin/contract)],
+    'host/market' => [qw(platform/types.h platform/text plugin/contract papercore)],
     'examples'    => [
         @windows, qw(controls plugin plugin/contract plugin/settings host/skin platform/start.h platform/testing)],
 );
@@ -47,7 +47,9 @@ my @external = (
         qr{^platform/(?:win32|testing)/|^platform/(?:types|heap|system)\.h$}],
     [qr{^(?:ft2build\.h|freetype/|fontconfig/|png\.h)}, qr{^platform/win32/}],
     [qr{^SDL},                                         qr{^platform/present/}],
-    [qr{^sqlite3},                                     qr{^papercore/}],
+    [qr{^(?:sqlite3|openssl/)},                        qr{^papercore/}],
+    [qr{^nlohmann/},                                   qr{^(?:papercore|host)/}],
+    [qr{^CLI/},                                        qr{^host/}],
     [qr{^(?:gtest|gmock|benchmark)/},                  qr{^$}],
 );
 
