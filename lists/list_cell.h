@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/toolkit/toolkit.h"
+#include "platform/system.h"
 
 /// What the cells of live lists show, and how it is drawn.
 namespace lists {

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "plugin/contract/market_records.h"
+#include "plugin/contract/position_records.h"
+
+// What a position has won or lost, in the account's currency. A direction other than '0' is short.
+
+namespace lists {
+
+/// A profit, or why there is none.
+struct RowProfit {
+    enum class Kind {
+        kKnown,
+        kNoSymbol,  ///< the host does not know the contract
+        kNoPrice,   ///< it has neither a last price nor one of the day before
+    };
+    Kind kind = Kind::kKnown;
+    double value = 0;  ///< 0 unless known
+};
+
+/// The price that positions are valued at: the last one, else that of the day before; 0 without.
+double ValuationPrice(const JSDyn1& quote);
+/// Null for a contract that the host does not know.
+RowProfit ProfitAtQuote(char direction, double from_price, int volume, int unit,
+                        const JSDyn1* quote);
+
+/// The core's own figure, unless it is next to 0: then the quote decides, which the host is asked
+/// for.
+RowProfit OpenProfitOf(const CZebPosition& position, int unit);
+/// The same against the holding price.
+RowProfit HoldProfitOf(const CZebPosition& position, int unit);
+/// A lot has no figure of the core's.
+RowProfit ProfitOfLot(const PositionGroup& lot, int unit);
+
+/// Sums over positions.
+struct ProfitSums {
+    double open = 0;
+    double hold = 0;
+    double hold_loss = 0;  ///< of the losing ones only, 0 or less
+};
+void AddProfit(ProfitSums& sums, double open, double hold);
+
+/// `available` less a loss; a gain does not raise it.
+double AvailableAfterLoss(double available, double hold_profit);
+
+/// What is not frozen. May be negative if the core says so.
+int AvailableLots(const CZebPosition& position);
+int AvailableLots(const PositionGroup& lot);
+
+}  // namespace lists
