@@ -40,10 +40,13 @@ struct OrderEnded {
     std::string remark;
     Instant time = 0;
 };
-/// The rest of a market order goes on as a limit order.
+/// The rest of an order goes on as a limit order: of a market order, or of a stop's order that
+/// follows the market.
 struct OrderBecameLimit {
     OrderId order = 0;
     Price limit = 0;
+    Fen frozen_margin = 0;  ///< afterwards
+    Fen frozen_fee = 0;     ///< afterwards
 };
 /// One fill: it closes slices of lots, opens at most one lot, or both (net position: two trades).
 struct OrderFilled {

@@ -13,6 +13,11 @@
 
 namespace papercore {
 
+/// Session of the orders that the core sends by itself (stops); their source says which rule.
+inline constexpr int kCoreSession = -1;
+inline constexpr int kSourceStopLoss = 101;
+inline constexpr int kSourceTakeProfit = 102;
+
 enum class OrderStatus : std::uint8_t { kWorking, kFilled, kCancelled, kRejected };
 
 /// Part of a lot that a closing order holds frozen, the first to be closed first.
@@ -40,8 +45,7 @@ struct Order {
     std::string exchange;
     std::string contract;
     Side side = Side::kBuy;
-    char offset =
-        '0';  ///< as the request has it; a net order becomes up to two orders' worth of slices
+    char offset = '0';  ///< as the request has it; a net order closes first, then opens
     char hedge = '1';
     OrderKind kind = OrderKind::kLimit;
     Price limit = 0;  ///< 0 while a market order has none
@@ -103,6 +107,7 @@ struct Lot {
     char hedge = '1';
     Day day = 0;  ///< opened on
     int session = 0;
+    int unit = 0;             ///< price units in a lot, for as long as the lot lives
     std::int64_t volume = 0;  ///< still held
     std::int64_t frozen = 0;  ///< of it, by working closes
     Price open_price = 0;
