@@ -1,0 +1,166 @@
+#include "lists/order_cell_rules.h"
+#include "platform/text/bounded_text.h"
+#include "tests/lists/orders/order_page_stage.h"
+
+namespace tests {
+namespace {
+
+using platform::testing::Pump;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST_F(OrderPage, PaintsEveryColumnInItsColor) {
+    CZebOrder closing = MakeOrder("3", '0');
+    closing.cDirection = '1';
+    closing.cOffset = '1';
+    CZebOrder spot = MakeOrder("2", '3', "Au99.99");
+    spot.cOffset = '1';
+    spot.dPrice = 0;
+    CZebOrder unknown = MakeOrder("1", '?', "Pt99.95");
+    unknown.cDirection = 'x';
+    unknown.cOffset = '2';
+    Show({unknown, spot, closing});
+    EXPECT_THAT(Row(0), ElementsAre("09:30:15", "Au(T+D)", "卖出", "平仓", "280.25", "3", "0",
+                                    "正在申报", "CTP", "3"));
+    EXPECT_THAT(Row(1), ElementsAre("09:30:15", "Au99.99", "买入", "-", "市价", "3", "0",
+                                    "全部成交", "CTP", "2"));
+    EXPECT_THAT(Row(2), ElementsAre("09:30:15", "Pt99.95", "-", "平今", "280.250", "3", "0", "未知",
+                                    "CTP", "1"));
+    EXPECT_THAT(Row(3), Each(""));
+    const COLORREF kColors[3][kOrderColumns] = {{0x555555, 0xB26429, 0x019900, 0xC04AC1, 0x555555,
+                                                 0x555555, 0x555555, 0x555555, 0x555555, 0x555555},
+                                                {0x555555, 0xB26429, 0x0001F6, 0x555555, 0x555555,
+                                                 0x555555, 0x555555, 0x555555, 0x555555, 0x555555},
+                                                {0x555555, 0xB26429, 0x555555, 0x555555, 0x555555,
+                                                 0x555555, 0x555555, 0x555555, 0x555555, 0x555555}};
+    for (int row = 0; row < 3; ++row) {
+        for (int column = 0; column < kOrderColumns; ++column) {
+            EXPECT_EQ(kColors[row][column], Cell(row, column).color) << row << " " << column;
+            EXPECT_EQ(column == kOrderContractColumn, Cell(row, column).bold) << column;
+        }
+    }
+}
+
+TEST_F(OrderPage, KeepsTextsOffTheLines) {
+    Show({MakeOrder("1")});
+    EXPECT_EQ(5, Cell(0, kOrderTimeColumn).rect.left);
+    EXPECT_EQ(60 + 5, Cell(0, kOrderContractColumn).rect.left);
+    EXPECT_EQ(4 * 60 + 80 - 3, Cell(0, kOrderPriceColumn).rect.right);
+    EXPECT_EQ(4 * 60 + 80 + 60 - 3, Cell(0, kOrderVolumeColumn).rect.right);
+}
+
+TEST_F(OrderPage, PaintsOrdersWhoseContractsAreNotLoadedYet) {
+    contracts_.Clear();
+    Show({MakeOrder("1", '1', "Au99.99")});
+    EXPECT_GBK_EQ("开仓", Cell(0, kOrderOffsetColumn).text);
+    EXPECT_EQ("280.250", Cell(0, kOrderPriceColumn).text);
+    page_.Connect(nullptr);
+    Show({MakeOrder("1", '1', "Au99.99")});
+    EXPECT_EQ("280.250", Cell(0, kOrderPriceColumn).text);
+}
+
+TEST_F(OrderPage, ShowsTheNewestOrderFirstHereAndOnThePanels) {
+    Show({MakeOrder("7"), MakeOrder("12"), MakeOrder("9")});
+    EXPECT_EQ("12 9 7 ", ShownRefs());
+    EXPECT_THAT(panels_.shown, ElementsAre("12 9 7 "));
+}
+
+TEST_F(OrderPage, ShowsNoOrderThatDidNotCome) {
+    core_.promised_too_many = 3;
+    Show({MakeOrder("7"), MakeOrder("12")});
+    EXPECT_EQ("12 7 ", ShownRefs());
+    EXPECT_THAT(panels_.shown, ElementsAre("12 7 "));
+    EXPECT_EQ(
+        2,
+        page_.GetDlgItem(CGoldOrderDlg::kList) != nullptr
+            ? static_cast<COwerDrawListView*>(page_.GetDlgItem(CGoldOrderDlg::kList))->GetRowCount()
+            : -1);
+}
+
+TEST_F(OrderPage, SwitchesBetweenAllOrdersAndThoseThatCanBeCancelled) {
+    Show({MakeOrder("1", '3'), MakeOrder("2", '0'), MakeOrder("3", '4'), MakeOrder("4", '2')});
+    panels_.shown.clear();
+    EXPECT_GBK_EQ("委托—可撤", Text(CGoldOrderDlg::kMode));
+    Press(CGoldOrderDlg::kMode);
+    EXPECT_GBK_EQ("可撤—委托", Text(CGoldOrderDlg::kMode));
+    EXPECT_EQ("4 2 ", ShownRefs());
+    Show({MakeOrder("1", '3'), MakeOrder("2", '4')});
+    EXPECT_EQ("", ShownRefs());
+    EXPECT_FALSE(Enabled(CGoldOrderDlg::kCancel));
+    EXPECT_FALSE(Enabled(CGoldOrderDlg::kCancelAll));
+    Press(CGoldOrderDlg::kMode);
+    EXPECT_GBK_EQ("委托—可撤", Text(CGoldOrderDlg::kMode));
+    EXPECT_EQ("2 1 ", ShownRefs());
+    // The panels were told by Show alone, of what this page shows.
+    EXPECT_THAT(panels_.shown, ElementsAre(""));
+}
+
+TEST_F(OrderPage, ScrollsToTheTopWhenItSwitches) {
+    std::vector<CZebOrder> orders;
+    for (int ref = 1; ref <= 40; ++ref) orders.push_back(MakeOrder(std::to_string(ref).c_str()));
+    Show(orders);
+    ::SendMessageA(Control(CGoldOrderDlg::kList), WM_VSCROLL, SB_BOTTOM, 0);
+    Pump();
+    ASSERT_NE("40", Cell(0, kOrderNumberColumn).text);
+    Press(CGoldOrderDlg::kMode);
+    EXPECT_EQ("40", Cell(0, kOrderNumberColumn).text);
+}
+
+TEST_F(OrderPage, OffersToCancelWhatIsSelected) {
+    Show({MakeOrder("9", '1'), MakeOrder("8", '3'), MakeOrder("7", '2')});
+    EXPECT_FALSE(Enabled(CGoldOrderDlg::kCancel));
+    EXPECT_TRUE(Enabled(CGoldOrderDlg::kCancelAll));
+    const struct {
+        int row;
+        bool enabled;
+    } kCases[] = {{0, true}, {1, false}, {2, true}, {3, false}};  // 3 lies behind the last
+    for (const auto& [row, enabled] : kCases) {
+        Click(row);
+        EXPECT_EQ(enabled, Enabled(CGoldOrderDlg::kCancel)) << row;
+    }
+}
+
+TEST_F(OrderPage, HeedsNothingElseThatTheListTells) {
+    Show({MakeOrder("9", '1'), MakeOrder("8", '3')});
+    Click(0);
+    core_.orders[0].cStatus = '3';
+    page_.Refresh(false);
+    ASSERT_FALSE(Enabled(CGoldOrderDlg::kCancel));
+    Show({MakeOrder("8", '3'), MakeOrder("9", '1')});
+    ASSERT_FALSE(Enabled(CGoldOrderDlg::kCancel));
+    for (const WPARAM event : {1, 2, 3, 77}) page_.SendMessage(WM_LIST_EVENT, event, 0);
+    EXPECT_FALSE(Enabled(CGoldOrderDlg::kCancel));
+    page_.SendMessage(WM_LIST_EVENT, kListRowChosen, 0);
+    EXPECT_TRUE(Enabled(CGoldOrderDlg::kCancel));
+}
+
+TEST_F(OrderPage, LooksUpTheSelectedRowInTheCoresOrder) {
+    Show({MakeOrder("1", '3'), MakeOrder("2", '0')});
+    Click(0);
+    EXPECT_TRUE(Enabled(CGoldOrderDlg::kCancel));  // 2 is shown first
+    page_.Refresh(false);
+    EXPECT_FALSE(Enabled(CGoldOrderDlg::kCancel));  // 1 comes first
+}
+
+TEST_F(OrderPage, HandsTheFocusOnWhenItsButtonIsDisabled) {
+    Show({MakeOrder("1", '0')});
+    ::SetFocus(Control(CGoldOrderDlg::kCancelAll));
+    Show({MakeOrder("1", '3')});
+    EXPECT_EQ(Control(CGoldOrderDlg::kList), ::GetFocus());
+}
+
+TEST_F(OrderPage, MakesRoomForItsButtons) {
+    EXPECT_TRUE(Visible(CGoldOrderDlg::kCancel));
+    EXPECT_TRUE(Visible(CGoldOrderDlg::kCancelAll));
+    EXPECT_EQ(CRect(0, 25, 21, 25 + 300 - 4 - 23), Place(CGoldOrderDlg::kMode));
+    EXPECT_EQ(CRect(26, 25, 26 + 900 - 28, 25 + 300 - 2 - 23), Place(CGoldOrderDlg::kList));
+    page_.ShowToolbar(false);
+    EXPECT_FALSE(Visible(CGoldOrderDlg::kCancel));
+    EXPECT_FALSE(Visible(CGoldOrderDlg::kCancelAll));
+    EXPECT_EQ(CRect(0, 2, 21, 2 + 300 - 4), Place(CGoldOrderDlg::kMode));
+    EXPECT_EQ(CRect(26, 2, 26 + 900 - 28, 2 + 300 - 2), Place(CGoldOrderDlg::kList));
+}
+
+}  // namespace
+}  // namespace tests
