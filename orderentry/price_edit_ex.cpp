@@ -43,7 +43,8 @@ bool CPriceEditEx::CreateOver(CWnd& page, int place_holder) {
 BOOL CPriceEditEx::OnInitDialog() {
     CDialog::OnInitDialog();
     ModifyStyle(WS_CLIPSIBLINGS, 0);
-    m_font.CreateFont(13, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "宋体");
+    // As the other inputs of its page; the longest price word fits between the buttons.
+    m_font.CreateFont(12, 0, 0, 0, FW_NORMAL, 0, 0, 0, DEFAULT_CHARSET, 0, 0, 0, 0, "宋体");
     m_nTextHeight = LineHeight(*this, m_font);
     MakeButton(m_btnMinus, kMinus, kMinusSkin);
     m_pEdit = CreateInnerEdit(m_nEditId);
@@ -90,7 +91,9 @@ BOOL CPriceEditEx::OnEraseBkgnd(CDC* dc) {
     CRect client;
     GetClientRect(&client);
     dc->FillSolidRect(client, m_crBack);
-    const CBrush frame(m_crFrame);
+    // The edit fills no more than its line, so that the frame has to tell of the focus.
+    const bool focused = m_pEdit && ::GetFocus() == m_pEdit->m_hWnd;
+    const CBrush frame(focused ? ::GetSysColor(COLOR_HIGHLIGHT) : m_crFrame);
     dc->FrameRect(&client, frame);
     return TRUE;
 }
@@ -120,6 +123,7 @@ void CPriceEditEx::EnableButtons() {
 BOOL CPriceEditEx::OnCommand(WPARAM wParam, LPARAM lParam) {
     const int id = LOWORD(wParam);
     const int code = HIWORD(wParam);
+    if (id == m_nEditId && (code == EN_SETFOCUS || code == EN_KILLFOCUS)) Invalidate();
     if (id == kMinus && code == BN_CLICKED) {
         Step(-1);
     } else if (id == kPlus && code == BN_CLICKED) {

@@ -33,29 +33,29 @@ constexpr DWORD kHiddenCheck = BS_AUTOCHECKBOX | WS_TABSTOP;
 // volume. They stand before them, so their ids lead to them and not to the composites. No button is
 // the default one: Enter must never send an order from another control.
 constexpr DialogControl kBsControls[] = {
-    Label(CGoldBsDlg::kContractLabel, "合约名称:", Pixels(8, 12, 60, 24), SS_CENTERIMAGE),
-    DropDown(CGoldBsDlg::kContract, Pixels(68, 12, 144, 240), CBS_DROPDOWN | CBS_AUTOHSCROLL),
-    Label(CGoldBsDlg::kDirectionLabel, "买卖方向:", Pixels(8, 44, 60, 18), SS_CENTERIMAGE),
-    RadioButton(CGoldBsDlg::kBuy, "买入", Pixels(68, 44, 45, 18), WS_GROUP),
-    RadioButton(CGoldBsDlg::kSell, "卖出", Pixels(118, 44, 45, 18)),
-    Label(CGoldBsDlg::kOffsetLabel, "开平状态:", Pixels(8, 72, 60, 18), SS_CENTERIMAGE),
-    RadioButton(CGoldBsDlg::kOpen, "开仓", Pixels(68, 72, 45, 18), WS_GROUP),
-    RadioButton(CGoldBsDlg::kClose, "平仓", Pixels(118, 72, 45, 18)),
+    Label(CGoldBsDlg::kContractLabel, "合约名称:", Pixels(6, 14, 60, 24), SS_CENTERIMAGE),
+    DropDown(CGoldBsDlg::kContract, Pixels(66, 14, 150, 240), CBS_DROPDOWN | CBS_AUTOHSCROLL),
+    Label(CGoldBsDlg::kDirectionLabel, "买卖方向:", Pixels(6, 44, 60, 18), SS_CENTERIMAGE),
+    RadioButton(CGoldBsDlg::kBuy, "买入", Pixels(66, 44, 45, 18), WS_GROUP),
+    RadioButton(CGoldBsDlg::kSell, "卖出", Pixels(116, 44, 45, 18)),
+    Label(CGoldBsDlg::kOffsetLabel, "开平状态:", Pixels(6, 72, 60, 18), SS_CENTERIMAGE),
+    RadioButton(CGoldBsDlg::kOpen, "开仓", Pixels(66, 72, 45, 18), WS_GROUP),
+    RadioButton(CGoldBsDlg::kClose, "平仓", Pixels(116, 72, 45, 18)),
     Control(CGoldBsDlg::kNet, "Button", "自动", BS_AUTOCHECKBOX | WS_VISIBLE,
-            Pixels(168, 72, 45, 18)),
-    Label(CGoldBsDlg::kPriceLabel, "委托价格:", Pixels(8, 94, 60, 24), SS_CENTERIMAGE | WS_GROUP),
-    Control(CGoldBsDlg::kPrice, "Edit", "", kHiddenEdit, Pixels(68, 94, 144, 24)),
-    Label(CGoldBsDlg::kVolumeLabel, "委托数量:", Pixels(8, 151, 60, 24), SS_CENTERIMAGE),
-    Control(CGoldBsDlg::kVolume, "Edit", "", kHiddenEdit, Pixels(68, 151, 144, 24)),
-    PushButton(CGoldBsDlg::kSubmit, "买入", Pixels(68, 204, 92, 32)),
-    PushButton(CGoldBsDlg::kReset, "复位", Pixels(164, 204, 48, 32)),
-    Control(CGoldBsDlg::kStops, "Button", "止盈止损", kHiddenCheck, Pixels(103, 179, 70, 18)),
-    Control(CGoldBsDlg::kAutoStop, "Button", "自动止损", kHiddenCheck, Pixels(146, 179, 70, 18)),
-    Label(CGoldBsDlg::kMaxVolumeLabel, "最大可开:", Pixels(8, 123, 60, 24), SS_CENTERIMAGE),
+            Pixels(166, 72, 45, 18)),
+    Label(CGoldBsDlg::kPriceLabel, "委托价格:", Pixels(6, 96, 60, 24), SS_CENTERIMAGE | WS_GROUP),
+    Control(CGoldBsDlg::kPrice, "Edit", "", kHiddenEdit, Pixels(66, 96, 150, 24)),
+    Label(CGoldBsDlg::kVolumeLabel, "委托数量:", Pixels(6, 153, 60, 24), SS_CENTERIMAGE),
+    Control(CGoldBsDlg::kVolume, "Edit", "", kHiddenEdit, Pixels(66, 153, 150, 24)),
+    PushButton(CGoldBsDlg::kSubmit, "买入", Pixels(66, 204, 98, 32)),
+    PushButton(CGoldBsDlg::kReset, "复位", Pixels(168, 204, 48, 32)),
+    Control(CGoldBsDlg::kStops, "Button", "止盈止损", kHiddenCheck, Pixels(101, 179, 70, 18)),
+    Control(CGoldBsDlg::kAutoStop, "Button", "自动止损", kHiddenCheck, Pixels(144, 179, 70, 18)),
+    Label(CGoldBsDlg::kMaxVolumeLabel, "最大可开:", Pixels(6, 125, 60, 24), SS_CENTERIMAGE),
     Control(CGoldBsDlg::kMaxVolume, "Edit", "",
             ES_AUTOHSCROLL | ES_READONLY | ES_RIGHT | WS_VISIBLE | WS_BORDER,
-            Pixels(68, 123, 92, 24)),
-    PushButton(CGoldBsDlg::kAskMaxVolume, "可开", Pixels(164, 123, 48, 24)),
+            Pixels(66, 125, 98, 24)),
+    PushButton(CGoldBsDlg::kAskMaxVolume, "可开", Pixels(168, 125, 48, 24)),
 };
 
 // The texts before radios, price and volume are painted by the page.
@@ -79,18 +79,22 @@ constexpr DialogControl kPanelBsControls[] = {
     PushButton(CPanelBSDlg::kSell, "卖出", Pixels(196, 116, 76, 68)),
 };
 
+// A line says exactly what is sent: it has room for the longest code, and no character of it is a
+// mark of a key.
+constexpr DWORD kPromptLine = SS_LEFTNOWORDWRAP | SS_NOPREFIX;
+
 constexpr DialogControl kPromptControls[] = {
     Control(CPromptInsertOrderDlg::kIcon, "Static", "", SS_ICON | WS_VISIBLE,
             Pixels(16, 16, 32, 32)),
-    Label(CPromptInsertOrderDlg::kContract, "合约代码：", Pixels(64, 16, 240, 16)),
-    Label(CPromptInsertOrderDlg::kDirection, "买卖方向：", Pixels(64, 40, 240, 16)),
-    Label(CPromptInsertOrderDlg::kOffset, "开平方向：", Pixels(64, 64, 240, 16)),
-    Label(CPromptInsertOrderDlg::kPrice, "委托价格：", Pixels(64, 88, 240, 16)),
-    Label(CPromptInsertOrderDlg::kVolume, "委托数量：", Pixels(64, 112, 240, 16)),
-    Label(CPromptInsertOrderDlg::kOrderType, "委托方式：", Pixels(64, 136, 240, 16)),
-    Control(CPromptInsertOrderDlg::kExtra, "Static", "", SS_LEFT, Pixels(64, 156, 240, 16)),
-    DefaultButton(IDOK, "下单确认", Pixels(132, 176, 84, 28)),
-    PushButton(IDCANCEL, "取消", Pixels(224, 176, 84, 28)),
+    Label(CPromptInsertOrderDlg::kContract, "合约代码：", Pixels(64, 16, 256, 16), kPromptLine),
+    Label(CPromptInsertOrderDlg::kDirection, "买卖方向：", Pixels(64, 40, 256, 16), kPromptLine),
+    Label(CPromptInsertOrderDlg::kOffset, "开平方向：", Pixels(64, 64, 256, 16), kPromptLine),
+    Label(CPromptInsertOrderDlg::kPrice, "委托价格：", Pixels(64, 88, 256, 16), kPromptLine),
+    Label(CPromptInsertOrderDlg::kVolume, "委托数量：", Pixels(64, 112, 256, 16), kPromptLine),
+    Label(CPromptInsertOrderDlg::kOrderType, "委托方式：", Pixels(64, 136, 256, 16), kPromptLine),
+    Control(CPromptInsertOrderDlg::kExtra, "Static", "", kPromptLine, Pixels(64, 156, 256, 16)),
+    DefaultButton(IDOK, "下单确认", Pixels(144, 176, 84, 28)),
+    PushButton(IDCANCEL, "取消", Pixels(236, 176, 84, 28)),
 };
 
 constexpr DialogControl kListBoxControls[] = {
@@ -170,7 +174,7 @@ constexpr DialogTemplate kDialogs[] = {
     Page(CPanelPriceChartDlg::IDD, {}, 280, 60),
     {.id = CPromptInsertOrderDlg::IDD,
      .title = "下单提示",
-     .width = Units(320),
+     .width = Units(336),
      .height = Units(216),
      .controls = kPromptControls},
     Page(CPriceEditEx::IDD, {}, 144, 24, toolkit::kPageStyle),

@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <cstring>
+#include <limits>
+
 #include "orderentry/prompt_insert_order_dlg.h"
 #include "platform/text/bounded_text.h"
 #include "platform/text/gbk.h"
@@ -62,6 +65,40 @@ TEST_F(Confirmation, ShowsTheOrderInTheColorOfItsSide) {
     EXPECT_THAT(lines, testing::UnorderedElementsAre("合约代码：Au(T+D)", "买卖方向：买",
                                                      "开平方向：开仓", "委托价格：300.02",
                                                      "委托数量：3手", "委托方式：限价"));
+}
+
+TEST_F(Confirmation, HasRoomForEveryOrder) {
+    std::memset(request_.szContract, 'W', sizeof request_.szContract);
+    request_.szContract[1] = '&';
+    text::CopyText(request_.szPrice, "123456789012.00");
+    request_.cOrderType = 'b';
+    request_.nVolume = std::numeric_limits<int>::max();
+    static std::vector<std::string> lines;
+    lines.clear();
+    platform::testing::WhenIdle(
+        [](void*) {
+            CWnd& dialog = *CWnd::FromHandle(::GetActiveWindow());
+            for (const auto& seen : platform::testing::SeenTexts(dialog)) {
+                if (seen.color == COLORREF{0x0A0AF4}) lines.push_back(seen.utf8);
+            }
+            const CClientDC dc(&dialog);
+            const toolkit::ScopedSelect select(dc, *dialog.GetFont());
+            for (const int id :
+                 {CPromptInsertOrderDlg::kContract, CPromptInsertOrderDlg::kOrderType}) {
+                char text[128] = {};
+                CRect room;
+                dialog.GetDlgItemText(id, text, sizeof text);
+                dialog.GetDlgItem(id)->GetClientRect(&room);
+                EXPECT_LE(dc.GetTextExtent(text, static_cast<int>(std::strlen(text))).cx,
+                          room.Width());
+            }
+        },
+        nullptr);
+    AnswerNextBox(IDOK);
+    ConfirmOrder(&page_, request_, false);
+    EXPECT_THAT(lines, testing::Contains(text::Utf8FromGbk("合约代码：W&") + std::string(30, 'W')));
+    EXPECT_THAT(lines,
+                testing::Contains(text::Utf8FromGbk("委托方式：最优五档立即成交剩余转限价")));
 }
 
 }  // namespace

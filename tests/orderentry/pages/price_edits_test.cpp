@@ -113,6 +113,22 @@ TEST_F(Composites, ChangesAndLostFocusAreReportedUnderTheirId) {
     EXPECT_EQ(own, kCommands);
 }
 
+TEST_F(Composites, TheFrameTellsWhoHasTheFocus) {
+    const auto frame_of = [](CWnd& composite) {
+        platform::testing::Pump();
+        const CClientDC dc(&composite);
+        return ::GetPixel(dc, 0, 0);
+    };
+    other_.SetFocus();
+    EXPECT_EQ(frame_of(price_), COLORREF{0xDED2CC});
+    Price().SetFocus();
+    EXPECT_EQ(frame_of(price_), ::GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(frame_of(volume_), COLORREF{0xDED2CC});
+    Volume().SetFocus();
+    EXPECT_EQ(frame_of(price_), COLORREF{0xDED2CC});
+    EXPECT_EQ(frame_of(volume_), ::GetSysColor(COLOR_HIGHLIGHT));
+}
+
 TEST_F(Composites, OnlyPricesAndVolumesCanBeTyped) {
     Price().SetFocus();
     PumpFor(60);
