@@ -54,9 +54,8 @@ void CGoldBSBaseDlg::LoadContracts() {
     for (int i = 0; i < m_contracts.GetCount(); ++i) {
         CContractManager::AddContract(m_contracts.GetData()[i]);
     }
-    // Before the drop-down is filled: its page asks for the contract behind a row.
-    m_bContractLoaded = true;
     m_bs.SetContracts(m_contracts.GetData(), m_contracts.GetCount());
+    m_bContractLoaded = true;
 }
 
 const CZebContract* CGoldBSBaseDlg::FindContractByCode(const char* code) const {
@@ -96,7 +95,7 @@ void CGoldBSBaseDlg::ShowFiveLevels() {
 
 void CGoldBSBaseDlg::OnQuote(unsigned int packed, const JSDyn1& quote) {
     m_report.OnQuote(packed, quote);
-    if (m_bs.Contract() == nullptr || PackSymbol(m_bs.Symbol()) != packed) return;
+    if (!m_bs.IsQuotedBy(packed)) return;
     m_bs.OnQuoteEvent(quote);
     m_stock5.OnQuote(packed, quote);
 }

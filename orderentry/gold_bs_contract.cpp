@@ -85,9 +85,9 @@ void CGoldBsDlg::ShowContract() {
     Choose(kOpen);
     ShowNet();
     if (!m_bHostDriven) SubscribeSymbol(code.c_str());
-    GetSymbolByName(&m_stSymbol, code.c_str());
     JSDyn1 quote{};
-    GetQuote(&quote, PackSymbol(m_stSymbol));
+    // Without a symbol there is no key: zero may be somebody else's.
+    if (GetSymbolByName(&m_stSymbol, code.c_str())) GetQuote(&quote, PackSymbol(m_stSymbol));
     if (m_pLevels != nullptr) m_pLevels->OnQuote(PackSymbol(m_stSymbol), quote);
     SetDlgItemText(kMaxVolume, "");
     ShowMaxVolume(m_cOffset);
@@ -103,9 +103,9 @@ void CGoldBsDlg::OnContractTyped() {
         LoseContract();
         return;
     }
-    SelectItem(item);
     const int length = static_cast<int>(std::strlen(typed));
     const bool whole = m_vecCodeLength[static_cast<std::size_t>(item)] == length;
+    SelectItem(item);
     SendDlgItemMessage(kContract, CB_SETEDITSEL, 0, MAKELPARAM(whole ? 0 : length, -1));
 }
 

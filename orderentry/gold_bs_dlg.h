@@ -70,8 +70,8 @@ public:
     const CZebContract* Contract() const { return m_pContract; }
     /// What the container answers to a change: the contract behind the index in its array.
     void TakeContract(const CZebContract* contract) { m_pContract = contract; }
-    /// The host's symbol of the current contract, zero when there is none.
-    const CHostSymbol& Symbol() const { return m_stSymbol; }
+    /// Is a quote of this key one of the current contract?
+    bool IsQuotedBy(unsigned int packed) const;
 
     void OnMaxVolumeResult(const CQueryMaxVolumeResult* result);
     /// Reads the trading parameters again: the default price.

@@ -139,6 +139,11 @@ void CGoldBsDlg::OnMaxVolumeResult(const CQueryMaxVolumeResult* result) {
     if (IsAnswerFor(*result, m_pContract, m_cDirection, m_cOffset)) ShowMaximum(ShownLots(*result));
 }
 
+bool CGoldBsDlg::IsQuotedBy(unsigned int packed) const {
+    return m_pContract != nullptr && m_stSymbol.szCode[0] != '\0' &&
+           PackSymbol(m_stSymbol) == packed;
+}
+
 void CGoldBsDlg::OnQuoteEvent(const JSDyn1&) {
     if (GetSafeHwnd() == nullptr) return;
     if (::GetWindowTextLengthA(::GetDlgItem(m_hWnd, kMaxVolume)) == 0) ShowMaxVolume(m_cOffset);

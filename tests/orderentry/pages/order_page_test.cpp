@@ -1,5 +1,7 @@
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 #include "platform/text/bounded_text.h"
 #include "platform/text/gbk.h"
 #include "plugin/contract/messages.h"
@@ -298,6 +300,7 @@ TEST_F(OrderPage, ContractsMayGoWhileTheQuestionIsOpen) {
     BoxAfterSubmit();
     ExpectSent(Expected("Au(T+D)", '0', '0', 1, "300.02", 12, 1));
     EXPECT_EQ(ShownContract(), "");
+    EXPECT_EQ(ContractText(), "");
     EXPECT_GBK_EQ(BoxAfterSubmit(), "提示|请选择交易合约");
     EXPECT_EQ(core_.inserts.size(), 1U);
 }
@@ -326,11 +329,11 @@ TEST_F(OrderPage, ShowsHowMuchCanBeTraded) {
     Press(CGoldBsDlg::kSell);
     Press(CGoldBsDlg::kClose);
     EXPECT_EQ(Maximum(), "7");
-    // The closing side shows lots even when the price loses the focus: for opening.
-    TypePrice("200");
+    // A price that is left counts for opening, whatever the side.
+    TypePrice("150");
     EXPECT_EQ(Maximum(), "7");
     ::SetFocus(Control(CGoldBsDlg::kSubmit));
-    EXPECT_EQ(Maximum(), "7");
+    EXPECT_EQ(Maximum(), "10");
 }
 
 TEST_F(OrderPage, AsksTheCoreWithoutAMarginOfItsOwn) {
@@ -458,6 +461,45 @@ TEST_F(OrderPage, AClickedLevelBecomesThePrice) {
         platform::testing::Click(base_.FiveLevels(), text.rect.left + 2, text.rect.top + 2);
     }
     EXPECT_EQ(InnerText(CGoldBsDlg::kPrice), "300.04");
+}
+
+TEST_F(OrderPage, AContractUnknownToTheHostTakesNobodysQuotes) {
+    const auto key = static_cast<unsigned>(host_.AddSymbol("Rubber", 0, 0, 2));
+    ASSERT_EQ(key, 0U);
+    host_.SetQuote(key, Book());
+    core_.contracts.push_back(MakeContract("Pt99.95", "GT-T", 2, 0.01));
+    base_.LoadContracts();
+    const auto shows_depth = [this] {
+        Pump();
+        const auto texts = platform::testing::SeenTexts(base_.FiveLevels());
+        return std::any_of(texts.begin(), texts.end(),
+                           [](const auto& text) { return text.utf8 == "300.04"; });
+    };
+    HostSelects("Au(T+D)");
+    EXPECT_TRUE(shows_depth());
+    HostSelects("Pt99.95");
+    ASSERT_EQ(ShownContract(), "Pt99.95");
+    EXPECT_FALSE(shows_depth());
+    base_.OnQuote(key, Book());
+    EXPECT_FALSE(shows_depth());
+    EXPECT_GBK_EQ(BoxAfterSubmit(), "提示|请选择交易合约");
+}
+
+TEST_F(OrderPage, EveryPriceWordFitsItsBox) {
+    HostSelects("Au(T+D)");
+    for (const int row : {0, 1, 2, 3, 4, 7}) {
+        core_.trade_param.nDefaultPrice = static_cast<std::uint8_t>(row);
+        Order().ReloadSettings();
+        CWnd& edit = Inner(CGoldBsDlg::kPrice);
+        const std::string word = TextOf(edit);
+        CRect room;
+        edit.SendMessage(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+        const CClientDC dc(&edit);
+        const toolkit::ScopedSelect select(dc, *edit.GetFont());
+        // The caret stands behind it.
+        EXPECT_LT(dc.GetTextExtent(word.c_str(), static_cast<int>(word.size())).cx, room.Width())
+            << text::Utf8FromGbk(word);
+    }
 }
 
 TEST_F(OrderPage, AHostPressClosesTheListAndTakesTheFocus) {
