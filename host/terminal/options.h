@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace terminal {
+
+enum class FeedKind { kSimulator, kReplay, kManual };
+enum class Look { kDark, kLight };
+
+/// As fast as it goes.
+inline constexpr double kMaximumSpeed = -1;
+
+/// What the command line says. Paths are absolute, in the system's own encoding; empty where the
+/// default is meant.
+struct Options {
+    FeedKind feed = FeedKind::kSimulator;
+    std::string replay_file;
+    std::string replay_as;  ///< contract that the replayed rows stand for
+    double speed = 1;       ///< of the market's time; 0: only by steps
+    std::uint64_t seed = 1;
+    std::string account_file;
+    std::string config_folder;
+    std::string shots_folder;
+    bool headless = false;
+    bool automation = false;
+    bool manual_clock = false;  ///< time passes by steps alone
+    bool reset_account = false;
+    bool first_frame = false;  ///< ends after the first picture
+    int scale = 1;
+    Look look = Look::kDark;
+    bool look_given = false;
+};
+
+/// Reads the command line. False when the program is to end with `exit_code`; `message` (UTF-8)
+/// then goes to standard output for 0 (help) and to standard error otherwise.
+bool ParseOptions(int argc, const char* const* argv, Options& options, int& exit_code,
+                  std::string& message);
+
+}  // namespace terminal

@@ -1,0 +1,12 @@
+#include "controls/templates.h"
+#include "platform/toolkit/toolkit.h"
+
+namespace {
+
+const toolkit::TemplateTable kTables[] = {controls::kTemplates};
+
+CWinApp app;
+
+}  // namespace
+
+IMPLEMENT_MODULE(app, kTables)
