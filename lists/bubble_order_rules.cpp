@@ -14,9 +14,8 @@ std::vector<int> BubbleOrderOfKeys(std::span<const int> keys) {
     for (const int key : keys) {
         entries.push_back({key, static_cast<int>(entries.size())});
     }
-    std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
-        return a.key != b.key ? a.key > b.key : a.index < b.index;
-    });
+    std::stable_sort(entries.begin(), entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.key > b.key; });
     std::vector<int> order;
     order.reserve(entries.size());
     for (const Entry& entry : entries) {

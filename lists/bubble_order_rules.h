@@ -65,7 +65,7 @@ std::vector<int> BubbleOrder(int count, Before before, Tangled tangled, WantsSwa
             ++end;
         }
         if (end == equal_end) {
-            std::stable_sort(first, end, wants_before);
+            if (end - first > 1) std::stable_sort(first, end, wants_before);
         } else {
             std::sort(first, end);  // as they came
             BubbleIndices(std::span(first, end), wants_swap);

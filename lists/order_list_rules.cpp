@@ -1,7 +1,8 @@
 #include "lists/order_list_rules.h"
 
 #include <algorithm>
-#include <cstring>
+#include <string>
+#include <string_view>
 
 #include "lists/bubble_order_rules.h"
 #include "lists/order_status_rules.h"
@@ -11,6 +12,12 @@
 namespace {
 
 bool IsOpen(const CZebOrder& order) { return IsCancellable(order.cStatus); }
+
+int OrderRefNumber(const CZebOrder& order) {
+    const std::string_view ref = text::FieldText(order.szOrderRef);
+    if (ref.size() < sizeof order.szOrderRef) return ReadInteger(order.szOrderRef);
+    return ReadInteger(std::string(ref).c_str());
+}
 
 }  // namespace
 
@@ -34,9 +41,7 @@ void SortOrders(std::span<CZebOrder> orders) {
     std::vector<int> keys;
     keys.reserve(orders.size());
     for (const CZebOrder& order : orders) {
-        char number[sizeof order.szOrderRef + 1];
-        text::CopyText(number, text::FieldText(order.szOrderRef));
-        keys.push_back(ReadInteger(number));
+        keys.push_back(OrderRefNumber(order));
     }
     ReorderRecords(orders.data(), sizeof(CZebOrder), kOrderHead, BubbleOrderOfKeys(keys));
 }
