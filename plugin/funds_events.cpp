@@ -18,13 +18,11 @@ AccountFunds FundsOf(const CZebAccountSummary& summary, CMainDlg& shell) {
 
 /// A server that works the funds out tells the host itself, whose window then only has to be
 /// painted anew.
-void ReportToHost(const AccountFunds& funds, CUICallBack* core) {
-    if (g_nUseProfile != 1) {
-        if (g_hParentWnd != nullptr) ::InvalidateRect(g_hParentWnd, nullptr, TRUE);
-        return;
+void ReportToHost(const AccountFunds& funds, CMainDlg& shell) {
+    shell.ShowFundsLine(funds.equity, funds.shownAvailable, funds.openProfit);
+    if (g_nUseProfile != 1 && g_hParentWnd != nullptr) {
+        ::InvalidateRect(g_hParentWnd, nullptr, TRUE);
     }
-    const std::string line = FundsLine(funds.equity, funds.shownAvailable, funds.openProfit);
-    if (core != nullptr) core->SetFundsText(line.c_str(), kModuleNumber);
 }
 
 }  // namespace
@@ -43,7 +41,7 @@ void OnAccountResult(EventCall& call) {
     shell.Funds().ShowText(FundsPageText(funds).c_str());
     shell.TranAccount().Child().SetDlgItemText(CTranAccountChildDlg::kGoldFunds,
                                                MoneyText(funds.available).c_str());
-    ReportToHost(funds, call.Core());
+    ReportToHost(funds, shell);
     shell.ShowFundsOnPanels(funds.equity, funds.shownAvailable, funds.openProfit);
     ReportMarginCall(call);
 }

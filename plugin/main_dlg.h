@@ -66,6 +66,8 @@ public:
     void ChangeStk(unsigned short market, unsigned short code, HWND hWnd);
     /// Gives the panels and the order page what was kept for them, and reads the orders.
     void ApplyKeptStks();
+    /// Nothing while the server works the funds out: it tells the host itself.
+    void ShowFundsLine(double equity, double available, double open_profit) override;
     void ShowFundsOnPanels(double equity, double available, double open_profit) override;
     void ShowOrdersOnPanels(const CZebOrder* orders, int count) override;
     void RefreshStopChecks() override;

@@ -1,3 +1,6 @@
+#include "plugin/contract/core_access.h"
+#include "plugin/contract/messages.h"
+#include "plugin/contract/ui_callback.h"
 #include "plugin/funds_text.h"
 #include "plugin/logged_in.h"
 #include "plugin/main_dlg.h"
@@ -118,6 +121,12 @@ void CMainDlg::LoadContracts() {
         const CZebContract* contract = m_dlgBSBase.FindContractBySymbol(packed);
         if (contract != nullptr) panel->BindContract(LOWORD(packed), HIWORD(packed), contract);
     }
+}
+
+void CMainDlg::ShowFundsLine(double equity, double available, double open_profit) {
+    CUICallBack* const core = GetUICallBack();
+    if (g_nUseProfile != 1 || core == nullptr) return;
+    core->SetFundsText(FundsLine(equity, available, open_profit).c_str(), kModuleNumber);
 }
 
 void CMainDlg::ShowFundsOnPanels(double equity, double available, double open_profit) {

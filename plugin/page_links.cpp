@@ -2,6 +2,7 @@
 
 #include "funds/client_right_dlg.h"
 #include "lists/panel_watch_info_dlg.h"
+#include "orderentry/prompt_insert_order_dlg.h"
 #include "session/lock_dlg.h"
 #include "session/panel_login_dlg.h"
 #include "stops/auto_stop_loss_pup_base.h"
@@ -59,6 +60,7 @@ bool ReportLink::Create(CWnd* parent) {
 
 void ReportLink::Connect(const ContractSource& contracts, HWND row_receiver) {
     m_report.m_position.Connect(&contracts, row_receiver);
+    m_report.m_position.SetDialogs(&m_dialogs);
     m_report.m_order.Connect(&contracts);
     m_report.m_trade.Connect(&contracts);
 }
@@ -69,6 +71,15 @@ void ReportLink::OnQuote(unsigned int packed, const JSDyn1& quote) {
 
 int ReportLink::CloseVolume(const char* contract, char direction) const {
     return m_report.m_position.GetOppositeAvailable(contract, direction);
+}
+
+bool PositionLink::ConfirmOrder(CWnd* window, const CInsertOrderRequest& request, bool bClose) {
+    return ::ConfirmOrder(window, request, bClose);
+}
+
+bool PositionLink::EditStops(const CZebContract& contract, CPresetStop& stop, const char* title,
+                             CWnd* parent) {
+    return StopLink().Edit(contract, stop, title, parent);
 }
 
 bool StopLink::Edit(const CZebContract& contract, CPresetStop& stop, const char* title,

@@ -7,6 +7,14 @@
 #include "orderentry/report_pane.h"
 #include "orderentry/stop_dialog.h"
 
+/// What positions ask of order entry and stops.
+class PositionLink : public PositionDialogs {
+public:
+    bool ConfirmOrder(CWnd* window, const CInsertOrderRequest& request, bool bClose) override;
+    bool EditStops(const CZebContract& contract, CPresetStop& stop, const char* title,
+                   CWnd* parent) override;
+};
+
 /// The report page as the page of order and lists knows it. Must outlive that page.
 class ReportLink : public ReportPane {
 public:
@@ -23,6 +31,7 @@ public:
     CGoldTradeDlg& Trades() { return m_report.m_trade; }
 
 private:
+    PositionLink m_dialogs;  ///< before the page that holds on to it
     CGoldReprotDlg m_report;
 };
 

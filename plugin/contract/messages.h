@@ -43,7 +43,7 @@ inline constexpr UINT WM_CONTRACT_SELECTED = 0x2B15;
 inline constexpr UINT WM_POSITION_ROW = 0x2B16;
 
 /// A position row was selected. The position list to the order page, posted; wParam the contract's
-/// code, which is good until the list's next refresh.
+/// code, a text of the list's page that always tells the row selected last.
 inline constexpr UINT WM_POSITION_CONTRACT = 0x2B17;
 
 /// A combination was double-clicked. Combination page to the frame, with the group's key.

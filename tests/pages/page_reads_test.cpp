@@ -29,15 +29,6 @@ std::string TextOf(CWnd& page, int id) {
     return text;
 }
 
-CZebPosition Position(const char* contract, char direction, int volume, int frozen) {
-    CZebPosition position{};
-    text::CopyText(position.szContract, contract);
-    position.cDirection = direction;
-    position.nVolume = volume;
-    position.nFrozen = frozen;
-    return position;
-}
-
 class PanelHostDouble : public PanelHost {
 public:
     void ShowFundsOnPanels(double, double, double) override {}
@@ -60,51 +51,6 @@ protected:
     tests::FrontEndDoors doors{core};
     tests::PageFrame frame;
 };
-
-TEST_F(PageReads, TotalsOrLotsOnlyWhenAsked) {
-    CGoldPositionDlg page;
-    Open(page);
-    page.Refresh(false, false);
-    page.Refresh(true, false);
-    EXPECT_THAT(core.TakeCalls(), IsEmpty());
-    page.Refresh(false, true);
-    EXPECT_EQ(core.CallsOf("GetPositionList").size(), 2U);
-    EXPECT_THAT(core.CallsOf("GetPositionDetailList"), IsEmpty());
-    core.ForgetCalls();
-    page.Refresh(true, true);
-    EXPECT_EQ(core.CallsOf("GetPositionDetailList").size(), 2U);
-    EXPECT_THAT(core.CallsOf("GetPositionList"), IsEmpty());
-}
-
-TEST_F(PageReads, AnswersForThePositionsItHolds) {
-    CGoldPositionDlg page;
-    Open(page);
-    core.positions = {Position("Au(T+D)", '0', 5, 1), Position("Au(T+D)", '1', 9, 2),
-                      Position("Ag(T+D)", '1', 4, 4)};
-    page.Refresh(false, true);
-    EXPECT_EQ(page.GetOppositeAvailable("Au(T+D)", '1'), 4);
-    EXPECT_EQ(page.GetOppositeAvailable("Au(T+D)", '0'), 7);
-    EXPECT_EQ(page.GetOppositeAvailable("Ag(T+D)", '0'), 0);
-    EXPECT_EQ(page.GetOppositeAvailable("Ag(T+D)", '1'), 0);
-    EXPECT_TRUE(page.HasPosition("Ag(T+D)"));
-    EXPECT_FALSE(page.HasPosition("mAu(T+D)"));
-    EXPECT_EQ(page.GetPositionAt(1)->nVolume, 9);
-    EXPECT_EQ(page.GetPositionAt(3), nullptr);
-    EXPECT_EQ(page.GetPositionAt(-1), nullptr);
-}
-
-TEST_F(PageReads, KeepsEmptyRecordsForThoseThatWerePromisedInVain) {
-    CGoldPositionDlg page;
-    Open(page);
-    core.positions = {Position("Au(T+D)", '0', 5, 1), Position("Ag(T+D)", '0', 5, 1)};
-    page.Refresh(false, true);
-    core.positions.resize(1);
-    core.promised_too_many = 1;
-    page.Refresh(false, true);
-    ASSERT_NE(page.GetPositionAt(1), nullptr);
-    EXPECT_STREQ(page.GetPositionAt(1)->szContract, "");
-    EXPECT_EQ(page.GetPositionAt(2), nullptr);
-}
 
 TEST_F(PageReads, HandsOrdersToThePanelsWhenAsked) {
     CGoldOrderDlg page;

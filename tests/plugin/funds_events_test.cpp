@@ -43,6 +43,32 @@ TEST_F(FundsEvents, ShowTheServersFiguresEverywhere) {
         TakeLog());
 }
 
+TEST_F(FundsEvents, FollowTheProfitOfThePositions) {
+    AddContract("Au(T+D)", 12, 1);
+    Send(EV_CONTRACTS_READY);
+    CZebPosition position{};
+    text::CopyText(position.szContract, "Au(T+D)");
+    position.dOpenProfit = 55;
+    position.dHoldProfit = -100.25;
+    core.positions = {position};
+    g_dEquity = 1000;
+    g_dAvailable = 500;
+    AddPanel("a");
+    AddPanel("b");
+    for (const int use_profile : {0, 1}) {
+        g_nUseProfile = use_profile;
+        log.clear();
+        Send(EV_POSITION_LIST);
+        EXPECT_EQ(
+            std::string(use_profile == 1 ? "SetFundsText(\"1000.00|399.75|55.00|\", 4); " : "") +
+                "a funds 399.75 55.00; b funds 399.75 55.00",
+            TakeLog({"SetFundsText", "a funds", "b funds"}));
+    }
+    core.positions.clear();
+    Send(EV_POSITION_LIST);
+    EXPECT_EQ("SetFundsText(\"1000.00|500.00|0.00|\", 4)", TakeLog({"SetFundsText"}));
+}
+
 TEST_F(FundsEvents, WorkTheFiguresOutAndTellTheHostBeforeTheReport) {
     g_nUseProfile = 1;
     shell->Positions().m_dProfitOpen = 55;

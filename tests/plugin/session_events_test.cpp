@@ -77,8 +77,10 @@ TEST_F(SessionEvents, LeaveNoPageWithAContractOfAClearedTable) {
     log.clear();
     Send(EV_CONTRACTS_READY);
     EXPECT_EQ(nullptr, shell->BSBase().OrderPage().Contract());
-    EXPECT_EQ("kept no contract; gone no contract; GetContractList(count); kept contract Ag(T+D)",
-              TakeLog({"kept", "gone", "GetContractList(c"}));
+    EXPECT_EQ(
+        "kept no contract; gone no contract; GetContractList(count); kept contract Ag(T+D); "
+        "kept funds 0.00 0.00; gone funds 0.00 0.00",
+        TakeLog({"kept", "gone", "GetContractList(c"}));
     // Both know their market and code, so a contract that comes back finds its panel.
     AddContract("Au(T+D)", 12, 1);
     Send(EV_CONTRACTS_READY);
@@ -91,7 +93,7 @@ TEST_F(SessionEvents, LeaveAPanelWithoutAContractAlone) {
     AddPanel("panel");
     log.clear();
     Send(EV_CONTRACTS_READY);
-    EXPECT_EQ("panel no contract", TakeLog({"panel"}));
+    EXPECT_EQ("panel no contract; panel funds 0.00 0.00", TakeLog({"panel"}));
 }
 
 TEST_F(SessionEvents, StartTradingInTwelveSteps) {
