@@ -4,46 +4,13 @@
 #include <vector>
 
 #include "papercore/contract_terms.h"
+#include "papercore/engine_requests.h"
 #include "papercore/facts.h"
 #include "papercore/matcher.h"
 #include "papercore/stops.h"
+#include "papercore/totals.h"
 
 namespace papercore {
-
-/// What a request came to, in words for the user (GBK). Code 0: done.
-struct Answer {
-    int code = 0;
-    std::string text;
-    OrderId order = 0;
-};
-
-/// An order as it is asked for; texts are bounded and clean by now.
-struct OrderRequest {
-    std::string exchange;
-    std::string contract;
-    std::string price;  ///< a number, or one of the price words
-    std::string note;
-    char direction = '0';
-    char offset = '0';  ///< 0: net position
-    char hedge = '1';
-    char order_type = '0';
-    std::int64_t volume = 0;
-    LotId lot = 0;
-    int source = 1;
-    int price_code = 6;
-    std::string bytes;  ///< of the request, kept as given
-};
-
-/// Figures of the account at the present prices.
-struct Funds {
-    Fen balance = 0;  ///< equity with holding profit
-    Fen margin = 0;
-    Fen frozen = 0;  ///< margin and fees of working orders
-    Fen available = 0;
-    Fen commission = 0;      ///< today's
-    Fen open_profit = 0;     ///< from the open prices
-    Fen holding_profit = 0;  ///< from the hold prices
-};
 
 struct EngineSettings {
     ShrinkRule shrink = ShrinkRule::kProRata;
@@ -91,13 +58,55 @@ public:
 
 private:
     void Record(Fact fact);
+    /// Ends an event: debug builds look whether all sums still hold.
+    void CheckSums();
+    Answer TakeRefusal();
+    const ContractTerms* TermsToday(const std::string& contract) const {
+        return terms_.Find(contract, state_.day);
+    }
+    Price PresentPrice(const Lot& lot) const;
+    /// What new orders may freeze: floating losses count, floating gains don't.
+    Fen Spendable() const;
+
+    std::string Prepare(const OrderRequest& request, const ContractTerms& terms, Order& order);
+    void Accept(const Order& order, Instant now);
+    void Match(OrderId id, Instant now);
+    void Book(const Fill& fill, Instant now);
+    void EndOrder(OrderId id, OrderStatus status, const std::string& remark, Instant now);
+    void EndRest(OrderId id, Instant now);
+    void GoOnAsLimit(OrderId id, Price limit);
+    Price RestLimit(const Order& order) const;
+    Price FreezeNow(const Order& order) const;
+    void ApplyPreset(Lot& lot) const;
+    void OpenLot(const Order& order, const ContractTerms& terms, Price price, std::int64_t volume,
+                 Lot& lot) const;
+    std::int64_t CloseSlices(const ContractTerms& terms, std::int64_t volume, Price price,
+                             Order& rest, Trade& trade, OrderFilled& fact) const;
+    void FollowFill(const OrderFilled& fact);
+
+    void WatchStop(const Lot& lot);
+    void EvaluateStops(const Quote& quote);
+    void Fire(const StopFire& fire, const Quote& quote);
+    Order StopOrder(const Lot& lot, const StopFire& fire, const Quote& quote) const;
+    Price StopPrice(const Order& order, const Quote& quote) const;
+    void Chase(const Quote& quote);
+
+    void ChangeDay(const Quote& quote);
+    void EndDay(const DayEnd& end);
+    DaySettled::Marked Mark(const Lot& lot, const DayEnd& end) const;
 
     const TermsTable& terms_;
     EngineSettings settings_;
     State state_;
+    Totals totals_;
     Matcher matcher_;
     StopWatch stops_;
+    StopSettings stop_settings_;
+    std::vector<OrderId> stop_orders_;  ///< those that the core sent and that still work
+    std::vector<StopFire> fires_;
+    std::vector<BaseMove> moves_;
     std::vector<Fact> facts_;
+    bool sums_moved_ = false;
     std::string refuse_next_;
 };
 
