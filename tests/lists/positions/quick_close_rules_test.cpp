@@ -36,7 +36,7 @@ int WholePart(int available, const RatioBits& ratio) {
     return static_cast<int>(product >> shift);
 }
 
-TEST(QuickClose, OffersEveryPartOfEveryVolume) {
+TEST(CloseParts, OffersEveryPartOfEveryVolume) {
     for (int available = 0; available <= 300; ++available) {
         SCOPED_TRACE(available);
         const CloseOffer least = lists::OfferClose(available, lists::kCloseRatios[0]);
@@ -82,7 +82,7 @@ constexpr OfferRow kOffers[] = {
      {true, false, false, false, false}},
 };
 
-TEST(QuickClose, SaysOnTheButtonWhatItCloses) {
+TEST(CloseParts, SaysOnTheButtonWhatItCloses) {
     for (const OfferRow& row : kOffers) {
         for (std::size_t i = 0; i < lists::kCloseRatioCount; ++i) {
             SCOPED_TRACE(std::to_string(row.available) + " lots, button " + std::to_string(i));
@@ -93,7 +93,7 @@ TEST(QuickClose, SaysOnTheButtonWhatItCloses) {
     }
 }
 
-TEST(QuickClose, OffersNothingWithoutARow) {
+TEST(CloseParts, OffersNothingWithoutARow) {
     constexpr const char* kTexts[] = {"平仓1%", "平仓30%", "平仓50%", "平仓70%", "平仓100%"};
     for (std::size_t i = 0; i < lists::kCloseRatioCount; ++i) {
         const CloseOffer offer = lists::NoCloseOffer(lists::kCloseRatios[i]);
