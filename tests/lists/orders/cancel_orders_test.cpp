@@ -142,7 +142,10 @@ TEST_F(CancelOrders, HandsTheCoreTheWholeRecord) {
     Show({order});
     DoubleClick(0);
     ASSERT_EQ(1U, core_.cancels.size());
-    EXPECT_EQ(0, std::memcmp(&order, &core_.cancels[0].order, sizeof order));
+    const auto bytes = [](const CZebOrder& record) {
+        return std::string(reinterpret_cast<const char*>(&record), sizeof record);
+    };
+    EXPECT_TRUE(bytes(order) == bytes(core_.cancels[0].order));
     EXPECT_EQ(std::string(sizeof order.szOrderRef, '4'), core_.cancels[0].order_ref);
 }
 

@@ -54,6 +54,9 @@ protected:
 
     /// The core has these orders, and says so.
     void Show(std::vector<CZebOrder> orders);
+    COwerDrawListView& List() {
+        return *static_cast<COwerDrawListView*>(page_.GetDlgItem(CGoldOrderDlg::kList));
+    }
     HWND Control(int id) { return ::GetDlgItem(page_, id); }
     bool Enabled(int id) { return ::IsWindowEnabled(Control(id)) != FALSE; }
     bool Visible(int id) { return ::IsWindowVisible(Control(id)) != FALSE; }

@@ -8,7 +8,6 @@ namespace {
 using platform::testing::Pump;
 using testing::Each;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 TEST_F(OrderPage, PaintsEveryColumnInItsColor) {
     CZebOrder closing = MakeOrder("3", '0');
@@ -71,11 +70,7 @@ TEST_F(OrderPage, ShowsNoOrderThatDidNotCome) {
     Show({MakeOrder("7"), MakeOrder("12")});
     EXPECT_EQ("12 7 ", ShownRefs());
     EXPECT_THAT(panels_.shown, ElementsAre("12 7 "));
-    EXPECT_EQ(
-        2,
-        page_.GetDlgItem(CGoldOrderDlg::kList) != nullptr
-            ? static_cast<COwerDrawListView*>(page_.GetDlgItem(CGoldOrderDlg::kList))->GetRowCount()
-            : -1);
+    EXPECT_EQ(2, List().GetRowCount());
 }
 
 TEST_F(OrderPage, SwitchesBetweenAllOrdersAndThoseThatCanBeCancelled) {
@@ -129,7 +124,7 @@ TEST_F(OrderPage, HeedsNothingElseThatTheListTells) {
     ASSERT_FALSE(Enabled(CGoldOrderDlg::kCancel));
     Show({MakeOrder("8", '3'), MakeOrder("9", '1')});
     ASSERT_FALSE(Enabled(CGoldOrderDlg::kCancel));
-    for (const WPARAM event : {1, 2, 3, 77}) page_.SendMessage(WM_LIST_EVENT, event, 0);
+    for (const WPARAM event : {1U, 2U, 3U, 77U}) page_.SendMessage(WM_LIST_EVENT, event, 0);
     EXPECT_FALSE(Enabled(CGoldOrderDlg::kCancel));
     page_.SendMessage(WM_LIST_EVENT, kListRowChosen, 0);
     EXPECT_TRUE(Enabled(CGoldOrderDlg::kCancel));
