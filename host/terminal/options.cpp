@@ -79,7 +79,9 @@ bool ParseOptions(int argc, const char* const* argv, Options& options, int& exit
     app.add_option("--speed", speed, "market time: 0 (only by steps), 1, N or max")
         ->check(CLI::Validator(CheckSpeed, ""))
         ->option_text("N|max");
-    app.add_option("--seed", options.seed, "of the simulator")->option_text("N");
+    app.add_option("--seed", options.seed, "of the simulator")
+        ->check(CLI::NonNegativeNumber.description(""))
+        ->option_text("N");
     app.add_option("--account", options.account_file, "the paper account's file")
         ->option_text("FILE");
     app.add_option("--config", options.config_folder, "folder with the INI and JSON files")
