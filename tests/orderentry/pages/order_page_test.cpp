@@ -142,25 +142,6 @@ TEST_F(OrderPage, SpotContractsHaveDirectionsOnly) {
     EXPECT_EQ(InnerText(CGoldBsDlg::kVolume), "");
 }
 
-TEST_F(OrderPage, LabelsTakeTheColorOfTheSide) {
-    HostSelects("Au(T+D)");
-    const auto color_of = [&](const char* label) {
-        for (const auto& seen : platform::testing::SeenTexts(Order())) {
-            if (seen.utf8 == text::Utf8FromGbk(label)) return seen.color;
-        }
-        return COLORREF{1};
-    };
-    EXPECT_EQ(color_of("委托价格:"), COLORREF{0x0000FF});
-    Press(CGoldBsDlg::kSell);
-    for (const char* label :
-         {"合约名称:", "买卖方向:", "开平状态:", "委托价格:", "最大可开:", "委托数量:"}) {
-        EXPECT_EQ(color_of(label), COLORREF{0x019300}) << label;
-    }
-    EXPECT_EQ(color_of("平仓"), COLORREF{0xC46D2D});
-    // What the page paints over inside of a composite is painted again.
-    EXPECT_NE(color_of("对手价"), COLORREF{1});
-}
-
 TEST_F(OrderPage, RefusesInTheOrderOfTheTicketAndSendsNothing) {
     EXPECT_GBK_EQ(BoxAfterSubmit(), "提示|请选择交易合约");
     HostSelects("Au(T+D)");
@@ -220,9 +201,15 @@ TEST_F(OrderPage, ACancelledQuestionSendsNothing) {
     HostSelects("Au(T+D)");
     TypeVolume("3");
     const std::string before = Entered();
-    BoxAfterSubmit(IDCANCEL);
-    EXPECT_THAT(core_.inserts, IsEmpty());
-    EXPECT_GBK_EQ(Entered(), before);
+    for (const int profile : {1, 0}) {
+        g_nUseProfile = profile;
+        Order().SetDlgItemText(CGoldBsDlg::kVolume, "9");
+        BoxAfterSubmit(IDCANCEL);
+        EXPECT_THAT(core_.inserts, IsEmpty());
+        EXPECT_GBK_EQ(Entered(), before);
+        // Not the visible volume: the hidden edit below it.
+        EXPECT_EQ(Text(CGoldBsDlg::kVolume), profile ? "9" : "");
+    }
 }
 
 TEST_F(OrderPage, SpotSellsCloseAndWordsBecomePrices) {
@@ -483,23 +470,6 @@ TEST_F(OrderPage, AContractUnknownToTheHostTakesNobodysQuotes) {
     base_.OnQuote(key, Book());
     EXPECT_FALSE(shows_depth());
     EXPECT_GBK_EQ(BoxAfterSubmit(), "提示|请选择交易合约");
-}
-
-TEST_F(OrderPage, EveryPriceWordFitsItsBox) {
-    HostSelects("Au(T+D)");
-    for (const int row : {0, 1, 2, 3, 4, 7}) {
-        core_.trade_param.nDefaultPrice = static_cast<std::uint8_t>(row);
-        Order().ReloadSettings();
-        CWnd& edit = Inner(CGoldBsDlg::kPrice);
-        const std::string word = TextOf(edit);
-        CRect room;
-        edit.SendMessage(EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
-        const CClientDC dc(&edit);
-        const toolkit::ScopedSelect select(dc, *edit.GetFont());
-        // The caret stands behind it.
-        EXPECT_LT(dc.GetTextExtent(word.c_str(), static_cast<int>(word.size())).cx, room.Width())
-            << text::Utf8FromGbk(word);
-    }
 }
 
 TEST_F(OrderPage, AHostPressClosesTheListAndTakesTheFocus) {
