@@ -44,7 +44,8 @@ public:
     /// Null before the first update of a contract.
     const Quote* LastQuote(const std::string& contract) const;
 
-    /// Size of the book ahead of a resting order; -1 for one that isn't resting.
+    /// Size of the book ahead of a resting order; -1 for one that isn't resting, or that waits
+    /// where the market hasn't shown anything yet.
     std::int64_t QueueAhead(OrderId order) const;
 
 private:
