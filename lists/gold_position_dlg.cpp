@@ -122,7 +122,11 @@ void CGoldPositionDlg::SumUp() {
     const int held = GetUICallBack()->GetPositionList(nullptr, 0);
     lists::ProfitSums sums;
     for (int row = 0; row < std::min(held, m_positions.GetCount()); ++row) {
-        lists::AddProfit(sums, GetOpenProfit(row), GetHoldProfit(row));
+        const CZebPosition& position = m_positions.GetData()[row];
+        const int unit = UnitOf(position);
+        lists::RowQuote quote(position);
+        lists::AddProfit(sums, lists::OpenProfitOf(position, unit, quote).value,
+                         lists::HoldProfitOf(position, unit, quote).value);
     }
     m_dProfitOpen = sums.open;
     m_dProfitHold = sums.hold;
@@ -226,12 +230,16 @@ int CGoldPositionDlg::UnitOf(const CZebPosition& position) const {
 
 double CGoldPositionDlg::GetOpenProfit(int row) const {
     const CZebPosition* const position = GetPositionAt(row);
-    return position != nullptr ? lists::OpenProfitOf(*position, UnitOf(*position)).value : 0;
+    if (position == nullptr) return 0;
+    lists::RowQuote quote(*position);
+    return lists::OpenProfitOf(*position, UnitOf(*position), quote).value;
 }
 
 double CGoldPositionDlg::GetHoldProfit(int row) const {
     const CZebPosition* const position = GetPositionAt(row);
-    return position != nullptr ? lists::HoldProfitOf(*position, UnitOf(*position)).value : 0;
+    if (position == nullptr) return 0;
+    lists::RowQuote quote(*position);
+    return lists::HoldProfitOf(*position, UnitOf(*position), quote).value;
 }
 
 void CGoldPositionDlg::OnSize(UINT type, int cx, int cy) {

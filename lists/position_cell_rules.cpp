@@ -103,19 +103,23 @@ private:
 }  // namespace
 
 CellText TotalCell(const CZebPosition& position, const CZebContract& contract, int column) {
+    RowQuote quote(position);
     switch (column) {
         case kPositionProfit:
-            return ProfitCell(OpenProfitOf(position, contract.nUnit), RowProfit::Kind::kNoPrice);
+            return ProfitCell(OpenProfitOf(position, contract.nUnit, quote),
+                              RowProfit::Kind::kNoPrice);
         case kPositionHoldProfit:
-            return ProfitCell(HoldProfitOf(position, contract.nUnit), RowProfit::Kind::kNoPrice);
+            return ProfitCell(HoldProfitOf(position, contract.nUnit, quote),
+                              RowProfit::Kind::kNoPrice);
         default: return SharedCell(position, column);
     }
 }
 
 CellText LotCell(const PositionGroup& lot, const CZebContract& contract, int column) {
+    RowQuote quote(lot);
     switch (column) {
         case kPositionProfit:
-            return ProfitCell(ProfitOfLot(lot, contract.nUnit), RowProfit::Kind::kNoSymbol);
+            return ProfitCell(ProfitOfLot(lot, contract.nUnit, quote), RowProfit::Kind::kNoSymbol);
         case kPositionStops: {
             CellText cell;
             DescribeStops(lot, cell.text, sizeof cell.text);

@@ -17,29 +17,11 @@ constexpr double kNothing = 0.0001;
 
 bool IsSomething(double value) { return value > kNothing || value < -kNothing; }
 
-/// Where a position stands against one of its prices.
-struct Stake {
-    std::string contract;
-    char direction;
-    double from_price;
-    int volume;
-};
-
-RowProfit ProfitNow(const Stake& stake, int unit) {
-    JSDyn1 quote{};
-    const bool known = GetQuoteByName(&quote, stake.contract.c_str());
-    return ProfitAtQuote(stake.direction, stake.from_price, stake.volume, unit,
-                         known ? &quote : nullptr);
-}
-
-RowProfit TotalProfit(const CZebPosition& position, double core_profit, double from_price,
-                      int unit) {
+/// `from_price` is the one that the core's figure stands against.
+RowProfit TotalProfit(const CZebPosition& position, double core_profit, double from_price, int unit,
+                      RowQuote& quote) {
     if (IsSomething(core_profit)) return {.value = core_profit};
-    return ProfitNow({.contract = std::string(text::FieldText(position.szContract)),
-                      .direction = position.cDirection,
-                      .from_price = from_price,
-                      .volume = position.nVolume},
-                     unit);
+    return ProfitAtQuote(position.cDirection, from_price, position.nVolume, unit, quote.Get());
 }
 
 }  // namespace
@@ -58,20 +40,30 @@ RowProfit ProfitAtQuote(char direction, double from_price, int volume, int unit,
     return {.value = gain * unit * volume};
 }
 
-RowProfit OpenProfitOf(const CZebPosition& position, int unit) {
-    return TotalProfit(position, position.dOpenProfit, position.dOpenPrice, unit);
+RowQuote::RowQuote(const CZebPosition& position)
+    : contract_(text::FieldText(position.szContract)) {}
+
+RowQuote::RowQuote(const PositionGroup& lot) : contract_(text::FieldText(lot.szContract)) {}
+
+const JSDyn1* RowQuote::Get() {
+    if (!asked_) {
+        quote_ = {};
+        known_ = GetQuoteByName(&quote_, contract_.c_str());
+        asked_ = true;
+    }
+    return known_ ? &quote_ : nullptr;
 }
 
-RowProfit HoldProfitOf(const CZebPosition& position, int unit) {
-    return TotalProfit(position, position.dHoldProfit, position.dHoldPrice, unit);
+RowProfit OpenProfitOf(const CZebPosition& position, int unit, RowQuote& quote) {
+    return TotalProfit(position, position.dOpenProfit, position.dOpenPrice, unit, quote);
 }
 
-RowProfit ProfitOfLot(const PositionGroup& lot, int unit) {
-    return ProfitNow({.contract = std::string(text::FieldText(lot.szContract)),
-                      .direction = lot.cDirection,
-                      .from_price = lot.dOpenPrice,
-                      .volume = lot.nVolume},
-                     unit);
+RowProfit HoldProfitOf(const CZebPosition& position, int unit, RowQuote& quote) {
+    return TotalProfit(position, position.dHoldProfit, position.dHoldPrice, unit, quote);
+}
+
+RowProfit ProfitOfLot(const PositionGroup& lot, int unit, RowQuote& quote) {
+    return ProfitAtQuote(lot.cDirection, lot.dOpenPrice, lot.nVolume, unit, quote.Get());
 }
 
 void AddProfit(ProfitSums& sums, double open, double hold) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "plugin/contract/market_records.h"
 #include "plugin/contract/position_records.h"
 
@@ -24,13 +26,28 @@ double ValuationPrice(const JSDyn1& quote);
 RowProfit ProfitAtQuote(char direction, double from_price, int volume, int unit,
                         const JSDyn1* quote);
 
-/// The core's own figure, unless it is next to 0: then the quote decides, which the host is asked
-/// for.
-RowProfit OpenProfitOf(const CZebPosition& position, int unit);
+/// The quote of a row's contract. The host is asked at most once, when it is needed.
+class RowQuote {
+public:
+    explicit RowQuote(const CZebPosition& position);
+    explicit RowQuote(const PositionGroup& lot);
+
+    /// Null for a contract that the host does not know.
+    const JSDyn1* Get();
+
+private:
+    std::string contract_;
+    bool asked_ = false;
+    bool known_ = false;
+    JSDyn1 quote_;
+};
+
+/// The core's own figure, unless it is next to 0: then the quote decides.
+RowProfit OpenProfitOf(const CZebPosition& position, int unit, RowQuote& quote);
 /// The same against the holding price.
-RowProfit HoldProfitOf(const CZebPosition& position, int unit);
+RowProfit HoldProfitOf(const CZebPosition& position, int unit, RowQuote& quote);
 /// A lot has no figure of the core's.
-RowProfit ProfitOfLot(const PositionGroup& lot, int unit);
+RowProfit ProfitOfLot(const PositionGroup& lot, int unit, RowQuote& quote);
 
 /// Sums over positions.
 struct ProfitSums {

@@ -13,11 +13,13 @@ template <class Record, class Read>
 int ReadRecords(EArray<Record>& list, int spare, const Read& read) {
     constexpr int kMost = 1 << 24;
     const int promised = std::clamp(read(static_cast<Record*>(nullptr), 0), 0, kMost);
+    const int used = list.GetCount();
     list.RemoveAll();
     const int room = list.SetSize(promised + spare);
-    if (room > 0) {
-        std::memset(static_cast<void*>(list.GetData()), 0,
-                    static_cast<std::size_t>(room) * sizeof(Record));
+    // Those in use are zero by now.
+    if (room > used) {
+        std::memset(static_cast<void*>(list.GetData() + used), 0,
+                    static_cast<std::size_t>(room - used) * sizeof(Record));
     }
     const int count = std::min(promised, room);
     const int came = room > 0 ? std::clamp(read(list.GetData(), count), 0, count) : 0;

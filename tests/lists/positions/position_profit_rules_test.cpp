@@ -6,7 +6,21 @@ namespace {
 
 using Kind = lists::RowProfit::Kind;
 
-class PositionProfit : public tests::PositionsStage {};
+class PositionProfit : public tests::PositionsStage {
+protected:
+    static lists::RowProfit Open(const CZebPosition& position) {
+        lists::RowQuote quote(position);
+        return lists::OpenProfitOf(position, 1000, quote);
+    }
+    static lists::RowProfit Hold(const CZebPosition& position) {
+        lists::RowQuote quote(position);
+        return lists::HoldProfitOf(position, 1000, quote);
+    }
+    static lists::RowProfit OfLot(const PositionGroup& lot) {
+        lists::RowQuote quote(lot);
+        return lists::ProfitOfLot(lot, 1000, quote);
+    }
+};
 
 struct QuoteRow {
     const char* name;
@@ -39,9 +53,7 @@ TEST_F(PositionProfit, FollowsTheQuote) {
         host.SetQuote(kGold, tests::MakeQuote(row.last, row.pre_close));
         const CZebPosition total = tests::MakePosition("Au(T+D)", row.direction, 3, 300);
         const PositionGroup lot = tests::MakeLot(1, "Au(T+D)", row.direction, 3, 300);
-        for (const lists::RowProfit& profit :
-             {lists::OpenProfitOf(total, 1000), lists::HoldProfitOf(total, 1000),
-              lists::ProfitOfLot(lot, 1000)}) {
+        for (const lists::RowProfit& profit : {Open(total), Hold(total), OfLot(lot)}) {
             EXPECT_EQ(row.kind, profit.kind);
             EXPECT_DOUBLE_EQ(row.profit, profit.value);
         }
@@ -49,10 +61,8 @@ TEST_F(PositionProfit, FollowsTheQuote) {
 }
 
 TEST_F(PositionProfit, NeedsASymbolOfTheHost) {
-    EXPECT_EQ(Kind::kNoSymbol,
-              lists::OpenProfitOf(tests::MakePosition("Pt99.95", '0', 1, 300), 1000).kind);
-    EXPECT_EQ(Kind::kNoSymbol,
-              lists::ProfitOfLot(tests::MakeLot(1, "Pt99.95", '0', 1, 300), 1000).kind);
+    EXPECT_EQ(Kind::kNoSymbol, Open(tests::MakePosition("Pt99.95", '0', 1, 300)).kind);
+    EXPECT_EQ(Kind::kNoSymbol, OfLot(tests::MakeLot(1, "Pt99.95", '0', 1, 300)).kind);
 }
 
 struct CoreRow {
@@ -70,19 +80,25 @@ TEST_F(PositionProfit, IsTheCoresUnlessThatIsNextToZero) {
         CZebPosition position = tests::MakePosition("Au(T+D)", '0', 1, 300);
         position.dOpenProfit = row.core;
         position.dHoldPrice = 302;
-        EXPECT_DOUBLE_EQ(row.expected, lists::OpenProfitOf(position, 1000).value);
-        EXPECT_DOUBLE_EQ(-1000, lists::HoldProfitOf(position, 1000).value);
+        EXPECT_DOUBLE_EQ(row.expected, Open(position).value);
+        EXPECT_DOUBLE_EQ(-1000, Hold(position).value);
         position.dHoldProfit = row.core;
         position.dHoldPrice = 300;
-        EXPECT_DOUBLE_EQ(row.expected, lists::HoldProfitOf(position, 1000).value);
+        EXPECT_DOUBLE_EQ(row.expected, Hold(position).value);
     }
 }
 
-TEST_F(PositionProfit, AsksTheHostOnlyWhenTheCoreHasNoFigure) {
+TEST_F(PositionProfit, AsksTheHostOnceAndOnlyWhenTheCoreHasNoFigure) {
     CZebPosition position = tests::MakePosition("Au(T+D)", '0', 1, 300);
     position.dOpenProfit = 5;
-    lists::OpenProfitOf(position, 1000);
+    Open(position);
     EXPECT_THAT(host.TakeCalls(), testing::IsEmpty());
+    position.dOpenProfit = 0;
+    lists::RowQuote quote(position);
+    lists::OpenProfitOf(position, 1000, quote);
+    lists::HoldProfitOf(position, 1000, quote);
+    EXPECT_EQ(1U, host.CallsOf("HOST_FIND_SYMBOL").size());
+    EXPECT_EQ(1U, host.CallsOf("HOST_GET_QUOTE").size());
 }
 
 TEST(ProfitSums, CountLossesApart) {
