@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <vector>
 
 #include "papercore/contract_terms.h"
@@ -53,13 +54,12 @@ public:
     void OnQuote(const Quote& quote, const StopSettings& settings, std::vector<StopFire>& fires,
                  std::vector<BaseMove>& moves);
 
-private:
-    struct Watched;
-    std::map<std::string, std::vector<Watched>> by_contract_;
-
-public:
     StopWatch();
     ~StopWatch();
+
+private:
+    struct Watches;
+    std::unique_ptr<Watches> watches_;
 };
 
 /// Price of a row of the price list for one who would sell (a long's stop) or buy; 0 if the market
