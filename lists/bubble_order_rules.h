@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <numeric>
 #include <span>
+#include <string_view>
 #include <vector>
 
 // Lists are ordered as a bubble sort with early exit leaves them:
@@ -18,6 +19,18 @@
 
 /// Highest key first, equal keys in the order in which they came.
 std::vector<int> BubbleOrderOfKeys(std::span<const int> keys);
+
+/// Compared as far as both texts go, by the first byte that differs, a signed one; where the
+/// shorter text ends, by the number. So "9" comes before "10", and "1" and "10" go by their
+/// numbers.
+struct TextKey {
+    std::string_view text;
+    int number;
+};
+
+/// Highest key first. Texts that begin with each other may contradict the rest: "1" with number 5
+/// wants to be before "11" with 4, that before "10", and "10" with 6 before "1".
+std::vector<int> BubbleOrderOfTexts(std::span<const TextKey> keys);
 
 /// Puts the records that `order` names in the order that bubbling gives. `wants_swap(left, right)`
 /// takes two of the indices. Quick for few records, or for many that are nearly in place.
