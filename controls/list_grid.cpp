@@ -94,6 +94,7 @@ int CListGrid::PixelWidth(int column) const {
 }
 
 void CListGrid::SetPixelWidth(int column, int width) {
+    width = std::clamp(width, 0, kWidestColumn);
     const bool percent = nWidthMode == kPercent && ViewWidth() > 0;
     widths.GetData()[column] = percent ? (width * 100 + ViewWidth() / 2) / ViewWidth() : width;
 }
@@ -173,7 +174,7 @@ bool CListGrid::MoveAt(int x, int y, bool* changed) {
     if (nResizeCol < ColumnCount()) {
         const int width = at - LeftOf(nResizeCol);
         *changed = width > kNarrowestColumn;
-        if (*changed) SetPixelWidth(nResizeCol, std::min(width, kWidestColumn));
+        if (*changed) SetPixelWidth(nResizeCol, width);
     }
     ::SetCursor(::LoadCursorA(nullptr, IDC_SIZEWE));
     return true;

@@ -39,6 +39,7 @@ public:
     int ColumnCount() const { return widths.GetCount(); }
     /// Pixels of a column as it is painted.
     int PixelWidth(int column) const;
+    void SetPixelWidth(int column, int width);
     int TotalWidth() const;
     int ViewWidth() const { return rcView.right - rcView.left; }
     int BodyTop() const { return rcView.top + nRowHeight; }
@@ -92,7 +93,6 @@ private:
     /// The column whose right border is at most two pixels from `x`, or -1.
     int DividerAt(int x) const;
     int LeftOf(int column) const;
-    void SetPixelWidth(int column, int width);
     void MakeHeaderBitmap();
     void MakeBodyBitmap();
     int RowLeft() const { return rcView.left - nScrollX; }

@@ -117,6 +117,21 @@ void COwerDrawListView::DeleteAllColumns() {
     UpdateScrollBars();
 }
 
+int COwerDrawListView::GetColumnWidth(int column) const {
+    return HasColumn(column) ? m_pGrid->PixelWidth(column) : 0;
+}
+
+void COwerDrawListView::SetColumnWidth(int column, int width) {
+    if (!HasColumn(column)) return;
+    m_pGrid->SetPixelWidth(column, width);
+    UpdateScrollBars();
+    Invalidate(FALSE);
+}
+
+bool COwerDrawListView::HasColumn(int column) const {
+    return m_pGrid != nullptr && column >= 0 && column < m_pGrid->ColumnCount();
+}
+
 void COwerDrawListView::SetRowCount(int count, BOOL redraw) {
     if (m_pGrid == nullptr) return;
     m_pGrid->nRowCount = std::max(count, 0);

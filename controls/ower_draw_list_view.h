@@ -50,6 +50,9 @@ public:
     void InsertColumn(LPCSTR title, int width, UINT header_format, UINT cell_format, BOOL sortable,
                       BOOL has_icon);
     void DeleteAllColumns();
+    /// Pixels of a column as it is painted, once the list is created; 0 for one that is not there.
+    int GetColumnWidth(int column) const;
+    void SetColumnWidth(int column, int width);
 
     // Rows of any list
     int GetRowCount() const { return m_pGrid != nullptr ? m_pGrid->nRowCount : 0; }
@@ -131,6 +134,7 @@ private:
     static void DrawBodyCell(HDC dc, bool first_column, int row, int column, RECT* rect,
                              COwerDrawListView* owner);
 
+    bool HasColumn(int column) const;
     void UpdateScrollBars();
     void UpdateHorizontalBar();
     void UpdateVerticalBar();

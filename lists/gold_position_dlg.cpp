@@ -1,6 +1,8 @@
 #include "lists/gold_position_dlg.h"
 
 #include <algorithm>
+#include <iterator>
+#include <span>
 #include <string>
 
 #include "controls/page_ground.h"
@@ -25,6 +27,17 @@ constexpr lists::Column kLotColumns[] = {
     {"合约名称", 60}, {"买卖", 60},     {"持仓", 60},      {"可用", 60},
     {"开仓均价", 60}, {"开仓盈亏", 90}, {"止损止盈", 400},
 };
+
+/// The stops' text is the one that needs more room than there is.
+constexpr int kStopsWidth = kLotColumns[lists::kPositionStops].width;
+
+// The buttons above the list share its width.
+constexpr int kListLeft = 26;
+constexpr int kButtonTop = 1;
+constexpr int kButtonHeight = 22;
+constexpr int kButtonGap = 4;
+constexpr int kNarrowestButton = 56;
+constexpr int kWidestButton = 84;
 
 /// Totals keep their texts off the lines beside them.
 constexpr int kTotalInset = 3;
@@ -111,7 +124,10 @@ void CGoldPositionDlg::Refresh(bool bDetailList, bool bFetch) {
     if (GetUICallBack() == nullptr) return;
     if (bFetch && bDetailList) ReadLots();
     if (bFetch && !bDetailList) ReadTotals();
-    if (bDetailList == m_bDetail) m_list.SetRowCount(ShownCount(), TRUE);
+    if (bDetailList == m_bDetail) {
+        m_list.SetRowCount(ShownCount(), TRUE);
+        FitStopsColumn();
+    }
     OnSelectionChanged();
     SumUp();
     Publish();
@@ -168,6 +184,8 @@ void CGoldPositionDlg::ShowColumns() {
         if (g_bNeedShowStopLossAndProfit == 0) columns = columns.first(columns.size() - 1);
     }
     lists::SetColumns(m_list, columns);
+    m_nStopsWidth = kStopsWidth;
+    FitStopsColumn();
     m_list.m_pfnDrawCell = m_bDetail ? &DrawLot : &DrawTotal;
 }
 
@@ -242,10 +260,41 @@ double CGoldPositionDlg::GetHoldProfit(int row) const {
     return lists::HoldProfitOf(*position, UnitOf(*position), quote).value;
 }
 
+/// The last column takes what is left of a wide list, unless the user has dragged it.
+void CGoldPositionDlg::FitStopsColumn() {
+    constexpr int kStops = lists::kPositionStops;
+    if (m_list.m_hWnd == nullptr || m_list.GetColumnWidth(kStops) != m_nStopsWidth) return;
+    CRect room;
+    m_list.GetClientRect(&room);
+    int before = 0;
+    for (int column = 0; column < kStops; ++column) before += m_list.GetColumnWidth(column);
+    // A list whose columns are exactly as wide as it is has a scroll bar.
+    const int width = std::max(kStopsWidth, room.Width() - before - 1);
+    if (width == m_nStopsWidth) return;
+    m_nStopsWidth = width;
+    m_list.SetColumnWidth(kStops, width);
+}
+
 void CGoldPositionDlg::OnSize(UINT type, int cx, int cy) {
     CDialog::OnSize(type, cx, cy);
     if (m_btnMode.m_hWnd != nullptr) m_btnMode.MoveWindow(0, 24, 21, cy - 28);
-    if (m_list.m_hWnd != nullptr) m_list.MoveWindow(26, 26, cx - 28, cy - 27);
+    if (m_list.m_hWnd != nullptr) m_list.MoveWindow(kListLeft, 26, cx - 28, cy - 27);
+    if (m_btnStop.m_hWnd != nullptr) PlaceButtons(cx);
+    FitStopsColumn();
+}
+
+/// Volumes of up to four digits find room beside an order list on the smallest screen.
+void CGoldPositionDlg::PlaceButtons(int page_width) {
+    CWnd* const buttons[] = {&m_btnClose1,  &m_btnClose30,  &m_btnClose50,
+                             &m_btnClose70, &m_btnClose100, &m_btnStop};
+    constexpr int kCount = static_cast<int>(std::size(buttons));
+    const int room = page_width - kListLeft - (kCount - 1) * kButtonGap;
+    const int width = std::clamp(room / kCount, kNarrowestButton, kWidestButton);
+    int x = kListLeft;
+    for (CWnd* const button : buttons) {
+        button->MoveWindow(x, kButtonTop, width, kButtonHeight);
+        x += width + kButtonGap;
+    }
 }
 
 BOOL CGoldPositionDlg::OnEraseBkgnd(CDC* dc) {

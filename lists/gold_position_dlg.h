@@ -92,6 +92,8 @@ private:
     void ReadTotals();
     void ReadLots();
     void ShowColumns();
+    void FitStopsColumn();
+    void PlaceButtons(int page_width);
     void ShowModeText();
     void SumUp();
     void Publish();
@@ -127,6 +129,7 @@ private:
     EArray<PositionGroup> m_groups{32};
     char m_szSelected[sizeof CZebPosition::szContract + 1] = {};  ///< travels by address
     COwerDrawListView m_list;
+    int m_nStopsWidth = 0;  ///< of the lots' last column, as the page gave it
     CVButton m_btnMode;
     CBmpButtonNoPic m_btnClose1;  ///< the value of each is how many lots it closes
     CBmpButtonNoPic m_btnClose30;

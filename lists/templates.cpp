@@ -18,15 +18,15 @@ using toolkit::PushButton;
 using toolkit::Units;
 
 // The mode buttons stand upright at the left edge of their list, the others above it. The pages'
-// code gives modes and lists their place.
+// code gives modes and lists their place, and shares the width between the positions' buttons.
 constexpr DialogControl kPositionControls[] = {
     PushButton(CGoldPositionDlg::kMode, "持仓—分笔", Pixels(0, 24, 21, 172)),
-    PushButton(CGoldPositionDlg::kClose1, "平仓", Pixels(26, 2, 54, 22)),
-    PushButton(CGoldPositionDlg::kClose30, "平仓30%", Pixels(84, 2, 54, 22)),
-    PushButton(CGoldPositionDlg::kClose50, "平仓50%", Pixels(142, 2, 54, 22)),
-    PushButton(CGoldPositionDlg::kClose70, "平仓70%", Pixels(200, 2, 54, 22)),
-    PushButton(CGoldPositionDlg::kClose100, "平仓100%", Pixels(258, 2, 60, 22)),
-    PushButton(CGoldPositionDlg::kStop, "止盈止损", Pixels(322, 2, 60, 22)),
+    PushButton(CGoldPositionDlg::kClose1, "平仓", Pixels(26, 1, 84, 22)),
+    PushButton(CGoldPositionDlg::kClose30, "平仓30%", Pixels(114, 1, 84, 22)),
+    PushButton(CGoldPositionDlg::kClose50, "平仓50%", Pixels(202, 1, 84, 22)),
+    PushButton(CGoldPositionDlg::kClose70, "平仓70%", Pixels(290, 1, 84, 22)),
+    PushButton(CGoldPositionDlg::kClose100, "平仓100%", Pixels(378, 1, 84, 22)),
+    PushButton(CGoldPositionDlg::kStop, "止盈止损", Pixels(466, 1, 84, 22)),
 };
 
 constexpr DialogControl kOrderControls[] = {

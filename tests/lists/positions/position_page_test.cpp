@@ -33,6 +33,48 @@ TEST_F(PositionPage, GivesListAndModeTheirPlaces) {
     }
 }
 
+TEST_F(PositionPage, SharesItsWidthBetweenTheButtons) {
+    const struct {
+        int page;
+        int button;
+    } kRows[] = {{300, 56}, {450, 67}, {700, 84}, {1500, 84}};
+    for (const auto& row : kRows) {
+        page.MoveWindow(0, 0, row.page, 300);
+        int left = 26;
+        for (const int id : {Page::kClose1, Page::kClose30, Page::kClose50, Page::kClose70,
+                             Page::kClose100, Page::kStop}) {
+            EXPECT_EQ(CRect(left, 1, left + row.button, 23), Place(id)) << row.page;
+            left += row.button + 4;
+        }
+    }
+}
+
+TEST_F(PositionPage, GivesTheStopsWhatIsLeftOfAWideListUntilTheyAreDragged) {
+    const auto& list =
+        dynamic_cast<const COwerDrawListView&>(*CWnd::FromHandle(Control(Page::kList)));
+    HoldGoldAndSilver();
+    ShowLots();
+    // A pixel stays free: columns as wide as the list have a scroll bar.
+    EXPECT_EQ(871 - 390, list.GetColumnWidth(6));
+    page.MoveWindow(0, 0, 600, 300);
+    EXPECT_EQ(400, list.GetColumnWidth(6));
+    page.MoveWindow(0, 0, 880, 300);
+    HoldLots(std::vector<PositionGroup>(40, core.position_details[0]));
+    EXPECT_EQ(841 - 390, list.GetColumnWidth(6)) << "beside the vertical bar";
+    EXPECT_EQ(0U, list.GetStyle() & WS_HSCROLL);
+    const auto drag = [this](int from, int to) {
+        const HWND header = Control(Page::kList);
+        platform::testing::Drag(platform::testing::ScreenPoint(header, from, 10),
+                                platform::testing::ScreenPoint(header, to, 10));
+    };
+    drag(390, 370);
+    page.MoveWindow(0, 0, 900, 300);
+    EXPECT_EQ(861 - 370, list.GetColumnWidth(6));
+    drag(861, 801);
+    page.MoveWindow(0, 0, 890, 300);
+    EXPECT_EQ(801 - 370, list.GetColumnWidth(6));
+}
+
 TEST_F(PositionPage, ShowsTotals) {
     HoldGoldAndSilver();
     EXPECT_THAT(Row(0), ElementsAre("Au(T+D)", "买", "4", "3", "300.00", "4000.00", ""));
