@@ -10,7 +10,7 @@ inline constexpr int kMostPanels = 3;
 
 /// What a person moves by dragging splitters, in pixels; remembered.
 struct PaneSizes {
-    int quotes_width = 432;
+    int quotes_width = 508;
     int depth_width = 200;
     int pages_height = 356;
 };

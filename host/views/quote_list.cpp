@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kHeaderHeight = 26;
 constexpr int kRowHeight = 26;
-constexpr int kPadding = 8;
+constexpr int kPadding = 6;
 constexpr int kLeastWidth = 24;
 constexpr int kMostWidth = 400;
 constexpr int kGrip = 3;
@@ -20,9 +20,9 @@ struct ColumnKind {
     const char* title;
     int width;
 };
-constexpr ColumnKind kColumns[] = {{"合约", 76}, {"最新", 68}, {"涨跌", 60},
-                                   {"涨幅", 64}, {"买价", 68}, {"买量", 48},
-                                   {"卖价", 68}, {"卖量", 48}, {"成交量", 76}};
+constexpr ColumnKind kColumns[] = {{"合约", 68}, {"最新", 60}, {"涨跌", 56},
+                                   {"涨幅", 60}, {"买价", 60}, {"买量", 40},
+                                   {"卖价", 60}, {"卖量", 40}, {"成交量", 64}};
 
 struct Cell {
     std::string text;
