@@ -119,12 +119,15 @@ Order Engine::StopOrder(const Lot& lot, const StopFire& fire, const Quote& quote
 Price Engine::StopPrice(const Order& order, const Quote& quote) const {
     const ContractTerms* terms = TermsToday(order.contract);
     if (!terms) return 0;
+    const PriceLimits limits = LimitsOf(*terms, quote);
+    Quote limited = quote;
+    limited.lower_limit = limits.lower;
+    limited.upper_limit = limits.upper;
     const bool profit = order.source == kSourceTakeProfit;
     const Price price = StopOrderPrice(
-        quote, *terms, profit ? stop_settings_.profit_order : stop_settings_.stop_order,
+        limited, *terms, profit ? stop_settings_.profit_order : stop_settings_.stop_order,
         profit ? stop_settings_.profit_adjust : stop_settings_.stop_adjust, order.side);
     if (price > 0) return price;
-    const PriceLimits limits = LimitsOf(*terms, quote);
     const Price furthest = order.side == Side::kBuy ? limits.upper : limits.lower;
     return furthest > 0 ? furthest : quote.last;
 }

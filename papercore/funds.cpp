@@ -29,12 +29,11 @@ int DayNumber(Day day) {
            day % 100;
 }
 
-Price WorstShown(const std::array<Level, kLevels>& levels) {
-    Price worst = 0;
-    for (const Level& level : levels) {
-        if (level.price > 0) worst = level.price;
-    }
-    return worst;
+/// The worst price that buyers are shown, the best one that sellers are.
+Price HighestShown(const std::array<Level, kLevels>& levels) {
+    Price highest = 0;
+    for (const Level& level : levels) highest = std::max(highest, level.price);
+    return highest;
 }
 
 }  // namespace
@@ -74,9 +73,9 @@ Fen DeferredFee(const ContractTerms& terms, const Lot& lot, Price settlement, in
 Price FreezePrice(const Quote& quote, Side side, Price limit) {
     const bool shows_prices = quote.phase == MarketPhase::kContinuous;
     if (side == Side::kBuy) {
-        return limit > 0 || !shows_prices ? limit : WorstShown(quote.ask);
+        return limit > 0 || !shows_prices ? limit : HighestShown(quote.ask);
     }
-    return shows_prices ? std::max(limit, quote.bid[0].price) : limit;
+    return shows_prices ? std::max(limit, HighestShown(quote.bid)) : limit;
 }
 
 Frozen FreezeOf(const State& state, const ContractTerms& terms, const Order& order, Price price) {
