@@ -51,6 +51,9 @@ public:
     /// says, in one line of UTF-8, what is wrong and where; empty on success.
     std::string Parse(std::string_view json);
 
+    /// Adds a row; one of the same contract and day is replaced.
+    void Add(ContractTerms row);
+
     /// In force on a day: the newest row that is not later, else the oldest one. Null for a
     /// contract that is not in the table; stays valid as long as the table.
     const ContractTerms* Find(std::string_view contract, Day day) const;
