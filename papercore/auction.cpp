@@ -15,11 +15,12 @@ bool Accepts(const Interest& interest, Price price) {
 struct Volumes {
     std::int64_t buys = 0;
     std::int64_t sells = 0;
-    std::int64_t market = 0;  ///< both sides
+    std::int64_t market_buys = 0;
+    std::int64_t market_sells = 0;
 
     /// Own buys need sellers of the market and own sells its buyers, so that no more can trade
     /// than the market has on both sides together.
-    std::int64_t Traded() const { return std::min({buys, sells, market}); }
+    std::int64_t Traded() const { return std::min({buys, sells, market_buys + market_sells}); }
     std::int64_t Remainder() const { return std::abs(buys - sells); }
 };
 
@@ -27,8 +28,10 @@ Volumes VolumesAt(const std::vector<Interest>& interests, Price price) {
     Volumes volumes;
     for (const Interest& interest : interests) {
         if (!Accepts(interest, price)) continue;
-        (interest.side == Side::kBuy ? volumes.buys : volumes.sells) += interest.volume;
-        if (interest.order == 0) volumes.market += interest.volume;
+        const bool buys = interest.side == Side::kBuy;
+        (buys ? volumes.buys : volumes.sells) += interest.volume;
+        if (interest.order != 0) continue;
+        (buys ? volumes.market_buys : volumes.market_sells) += interest.volume;
     }
     return volumes;
 }
@@ -74,12 +77,11 @@ void Serve(const std::vector<Interest>& served, Price price, std::int64_t volume
     }
 }
 
-/// Takes back, from the end, what own orders would have traded with each other.
+/// Own orders trade with the market only: takes back, from the end, what is more than it has.
 void TakeBack(std::vector<Fill>& fills, std::int64_t most) {
-    std::int64_t sum = 0;
     for (Fill& fill : fills) {
-        fill.volume = std::min(fill.volume, most - sum);
-        sum += fill.volume;
+        fill.volume = std::min(fill.volume, most);
+        most -= fill.volume;
     }
     std::erase_if(fills, [](const Fill& fill) { return fill.volume <= 0; });
 }
@@ -90,11 +92,14 @@ AuctionResult Uncross(const std::vector<Interest>& interests, Price reference) {
     AuctionResult result;
     result.price = BestPrice(interests, reference);
     if (result.price == 0) return result;
-    result.volume = VolumesAt(interests, result.price).Traded();
+    const Volumes volumes = VolumesAt(interests, result.price);
+    result.volume = volumes.Traded();
     for (const Side side : {Side::kBuy, Side::kSell}) {
-        Serve(Served(interests, side, result.price), result.price, result.volume, result.fills);
+        std::vector<Fill> fills;
+        Serve(Served(interests, side, result.price), result.price, result.volume, fills);
+        TakeBack(fills, side == Side::kBuy ? volumes.market_sells : volumes.market_buys);
+        result.fills.insert(result.fills.end(), fills.begin(), fills.end());
     }
-    TakeBack(result.fills, result.volume);
     return result;
 }
 

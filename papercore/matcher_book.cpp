@@ -288,8 +288,8 @@ std::int64_t Book::ShrunkBy(std::int64_t ahead, std::int64_t cancelled, std::int
     return ahead;
 }
 
-/// Orders behind the last level learn their place when the market shows deeper ones: at a price
-/// between levels nobody is ahead.
+/// Orders behind the last level learn their place when the market shows deeper ones: no more can be
+/// ahead than is shown, and at a price between levels nobody is.
 void Book::PlaceUncovered(Side side, const ShownSide& before) {
     const ShownSide& now = Own(side);
     Ladder& ladder = Orders(side);
@@ -304,6 +304,7 @@ void Book::PlaceUncovered(Side side, const ShownSide& before) {
         if (!size) break;
         for (Resting& order : queue->second) {
             if (!order.placed) Join(order, size);
+            order.ahead = std::min(order.ahead, *size * kParts);
         }
     }
 }
