@@ -4,41 +4,7 @@
 
 namespace {
 
-class PositionStops : public tests::PositionsStage {};
-
-TEST_F(PositionStops, AreAskedForInTheDirectionOfTheLot) {
-    EXPECT_GBK_EQ("Au(T+D) 买入方向 设置止盈止损",
-                  lists::StopTitle(tests::MakeLot(1, "Au(T+D)", '0', 1, 1)));
-    EXPECT_GBK_EQ("Ag99.99 卖出方向 设置止盈止损",
-                  lists::StopTitle(tests::MakeLot(1, "Ag99.99", '1', 1, 1)));
-    EXPECT_GBK_EQ("Ag99.99 卖出方向 设置止盈止损",
-                  lists::StopTitle(tests::MakeLot(1, "Ag99.99", 'x', 1, 1)));
-}
-
-TEST_F(PositionStops, AreReadForTheLotWithItsNames) {
-    CPresetStop stored{};
-    text::CopyText(stored.szContract, "another");
-    stored.dLongStop = 290;
-    core.group_stops[7] = stored;
-    const CPresetStop stop = lists::ReadGroupStop(tests::MakeLot(7, "Au(T+D)", '0', 1, 1));
-    EXPECT_STREQ("SGE", stop.szExchange);
-    EXPECT_STREQ("Au(T+D)", stop.szContract);
-    EXPECT_EQ(290, stop.dLongStop);
-    const CPresetStop none = lists::ReadGroupStop(tests::MakeLot(8, "Au(T+D)", '0', 1, 1));
-    EXPECT_EQ(0, none.dLongStop);
-}
-
-TEST_F(PositionStops, AreStoredOnLotsOfTheirContractOnly) {
-    CPresetStop stop{};
-    text::CopyText(stop.szContract, "Au(T+D)");
-    stop.dShortStop = 310;
-    lists::StoreGroupStop(tests::MakeLot(7, "Au(T+D)", '0', 1, 1), stop);
-    lists::StoreGroupStop(tests::MakeLot(8, "Ag99.99", '0', 1, 1), stop);
-    ASSERT_EQ(1U, core.group_stops.size());
-    EXPECT_EQ(310, core.group_stops[7].dShortStop);
-}
-
-TEST_F(PositionStops, BelongToExchangeContractAndDirection) {
+TEST(PositionStops, BelongToExchangeContractAndDirection) {
     const CZebPosition total = tests::MakePosition("Au(T+D)", '1', 1, 1);
     PositionGroup lot = tests::MakeLot(7, "Au(T+D)", '1', 1, 1);
     EXPECT_TRUE(lists::IsLotOf(lot, total));
