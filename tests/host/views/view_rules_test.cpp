@@ -11,7 +11,7 @@ using namespace views;
 using papercore::Price;
 using papercore::Quote;
 
-constexpr Price Yuan(double yuan) { return static_cast<Price>(yuan * 10000 + 0.5); }
+Price Yuan(double yuan) { return papercore::PriceFromYuan(yuan); }
 
 TEST(QuoteRules, PricesShowTheirPlacesAndRoundHalfUp) {
     EXPECT_EQ(PriceText(Yuan(900.5), 2), "900.50");

@@ -24,7 +24,7 @@ using platform::testing::Pump;
 using platform::testing::SeenText;
 using platform::testing::SeenTexts;
 
-constexpr Price Yuan(double yuan) { return static_cast<Price>(yuan * 10000 + 0.5); }
+Price Yuan(double yuan) { return papercore::PriceFromYuan(yuan); }
 
 Quote GoldQuote() {
     Quote quote;
