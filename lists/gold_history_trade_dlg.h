@@ -3,7 +3,7 @@
 #include "controls/bmp_button_no_pic.h"
 #include "platform/toolkit/toolkit.h"
 
-/// Asks for the trades of some days.
+/// Asks for the trades of some days. They come as an event to the dispatcher, not into this page.
 class CGoldHistoryTradeDlg : public CDialog {
 public:
     static constexpr UINT IDD = 10010;
@@ -20,8 +20,12 @@ protected:
 
     void OnSize(UINT type, int cx, int cy);
     BOOL OnEraseBkgnd(CDC* dc);
+    void OnQuery();
     DECLARE_MESSAGE_MAP()
 
 private:
+    CRichEditCtrl m_edit;
     CBmpButtonNoPic m_btnQuery;
+    CDateTimeCtrl m_from;
+    CDateTimeCtrl m_to;
 };

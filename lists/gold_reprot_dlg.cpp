@@ -5,8 +5,6 @@
 namespace {
 
 constexpr int kMargin = 6;
-/// Between two pages side by side.
-constexpr int kDivider = 4;
 
 struct View {
     int page;
@@ -29,6 +27,11 @@ void Show(CWnd& page, bool visible) { page.ShowWindow(visible ? SW_SHOW : SW_HID
 BEGIN_MESSAGE_MAP(CGoldReprotDlg, CDialog)
     ON_WM_SIZE()
     ON_WM_ERASEBKGND()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_LBUTTONUP()
+    ON_WM_MOUSEMOVE()
+    ON_WM_SETCURSOR()
+    ON_MESSAGE(WM_CAPTURECHANGED, &CGoldReprotDlg::OnCaptureChanged)
 END_MESSAGE_MAP()
 
 BOOL CGoldReprotDlg::OnInitDialog() {
@@ -64,10 +67,10 @@ void CGoldReprotDlg::LayOut() {
     CRect whole;
     GetClientRect(&whole);
     whole.DeflateRect(kMargin, 0);
+    m_pSplitter->SetRect(whole);
     if (m_nPage == 0) {
-        const int middle = whole.CenterPoint().x;
-        m_position.MoveWindow(CRect(whole.left, whole.top, middle - kDivider / 2, whole.bottom));
-        m_order.MoveWindow(CRect(middle + kDivider / 2, whole.top, whole.right, whole.bottom));
+        m_position.MoveWindow(m_pSplitter->Pane(0));
+        m_order.MoveWindow(m_pSplitter->Pane(1));
         return;
     }
     CWnd* shown = &m_position;
@@ -79,4 +82,35 @@ void CGoldReprotDlg::LayOut() {
 BOOL CGoldReprotDlg::OnEraseBkgnd(CDC* dc) {
     FillPageGround(*this, dc);
     return TRUE;
+}
+
+void CGoldReprotDlg::OnLButtonDown(UINT keys, CPoint point) {
+    CDialog::OnLButtonDown(keys, point);
+    m_pSplitter->OnPress(point);
+}
+
+void CGoldReprotDlg::OnLButtonUp(UINT keys, CPoint point) {
+    CDialog::OnLButtonUp(keys, point);
+    m_pSplitter->OnRelease();
+}
+
+void CGoldReprotDlg::OnMouseMove(UINT keys, CPoint point) {
+    CDialog::OnMouseMove(keys, point);
+    if (m_pSplitter->OnMove(point)) LayOut();
+}
+
+BOOL CGoldReprotDlg::OnSetCursor(CWnd* window, UINT hit, UINT message) {
+    CPoint point;
+    ::GetCursorPos(&point);
+    ScreenToClient(&point);
+    // The pages ask as well, before they choose their own.
+    const bool own = window != nullptr && window->m_hWnd == m_hWnd;
+    if (!own || !m_pSplitter->IsOver(point)) return CDialog::OnSetCursor(window, hit, message);
+    ::SetCursor(::LoadCursorA(nullptr, IDC_SIZEWE));
+    return TRUE;
+}
+
+LRESULT CGoldReprotDlg::OnCaptureChanged(WPARAM, LPARAM) {
+    m_pSplitter->OnCaptureLost();
+    return 0;
 }

@@ -1,19 +1,40 @@
 #include "lists/gold_trade_dlg.h"
 
 #include "controls/page_ground.h"
+#include "lists/export_file_rules.h"
+#include "lists/export_trade_rules.h"
 #include "lists/list_columns.h"
+#include "lists/trade_cell_rules.h"
+#include "lists/trade_list_rules.h"
+#include "platform/text/bounded_text.h"
 #include "plugin/contract/core_access.h"
 #include "plugin/contract/record_list.h"
 #include "plugin/contract/ui_callback.h"
+#include "plugin/settings/application_directory.h"
 
 namespace {
 
 constexpr int kSpareRecords = 16;
 
-constexpr lists::Column kColumns[] = {
+/// Between a text and the line that it is aligned to, beside what the list leaves.
+constexpr int kCellMargin = 3;
+
+constexpr lists::Column kColumns[kTradeColumns] = {
     {"时间", 60},     {"合约", 60}, {"买卖", 60},   {"开平", 60},
     {"成交价格", 60}, {"数量", 60}, {"委托号", 60}, {"成交号", 150},
 };
+
+constexpr char kFilter[] = "Chart Seperate Value (*.csv)|*.csv|All Files (*.*)|*.*||";
+
+/// The name of a file in which to write today's trades; empty if the user wants none.
+std::string AskForFile(CWnd& page) {
+    SYSTEMTIME now{};
+    ::GetLocalTime(&now);
+    const std::string proposed = ExportName(now.wYear, now.wMonth, now.wDay);
+    CFileDialog dialog(FALSE, "csv", proposed.c_str(), OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT,
+                       kFilter, &page);
+    return dialog.DoModal() == IDOK ? dialog.GetPathName() : "";
+}
 
 }  // namespace
 
@@ -21,11 +42,13 @@ BEGIN_MESSAGE_MAP(CGoldTradeDlg, CDialog)
     ON_WM_CREATE()
     ON_WM_SIZE()
     ON_WM_ERASEBKGND()
+    ON_BN_CLICKED(kExport, &CGoldTradeDlg::OnExport)
 END_MESSAGE_MAP()
 
 int CGoldTradeDlg::OnCreate(LPCREATESTRUCT create) {
     if (CDialog::OnCreate(create) == -1) return -1;
     lists::MakeList(m_list, *this, kList, this);
+    m_list.m_pfnDrawCell = DrawCell;
     lists::SetColumns(m_list, kColumns);
     return 0;
 }
@@ -45,9 +68,54 @@ BOOL CGoldTradeDlg::OnInitDialog() {
 void CGoldTradeDlg::Refresh() {
     CUICallBack* core = GetUICallBack();
     if (core == nullptr) return;
-    ReadRecords(m_trades, kSpareRecords, [core](CZebTrade* buffer, int capacity) {
+    const int came = ReadRecords(m_trades, kSpareRecords, [core](CZebTrade* buffer, int capacity) {
         return core->GetTradeList(buffer, capacity);
     });
+    m_trades.SetSize(came);
+    SortTrades(Trades());
+    if (m_hWnd != nullptr) m_list.SetRowCount(m_trades.GetCount(), TRUE);
+}
+
+std::span<CZebTrade> CGoldTradeDlg::Trades() {
+    return {m_trades.GetData(), static_cast<std::size_t>(m_trades.GetCount())};
+}
+
+void CGoldTradeDlg::DrawCell(HDC dc, int row, int column, RECT* rect, HFONT bold, CWnd*,
+                             void* context) {
+    auto& page = *static_cast<CGoldTradeDlg*>(context);
+    const CScopedLock lock(page.m_lock);
+    if (row < 0 || row >= page.m_trades.GetCount()) return;
+    const CZebTrade& trade = page.m_trades.GetData()[row];
+    const CZebContract* contract = nullptr;
+    if (page.m_pContracts != nullptr) {
+        const std::string code(text::FieldText(trade.szContract));
+        contract = page.m_pContracts->FindContractByCode(code.c_str());
+    }
+    const lists::CellText cell = TradeCell(trade, column, contract);
+    RECT place = *rect;
+    if (cell.format == lists::kLeftFormat) place.left += kCellMargin;
+    // On one side only: "172944.00" fits its column, but no more.
+    if (cell.format == lists::kRightFormat) place.right -= kCellMargin;
+    lists::DrawCellText(dc, cell, place, bold);
+}
+
+void CGoldTradeDlg::Export() {
+    if (m_trades.GetCount() == 0) return;
+    const HWND page = m_hWnd;
+    const std::string path = AskForFile(*this);
+    // The host may have taken the page down while the dialog was open.
+    if (!path.empty() && ::IsWindow(page)) Write(path);
+    RestoreApplicationDirectory();
+}
+
+void CGoldTradeDlg::Write(const std::string& path) {
+    std::vector<const char*> titles;
+    for (const ListColumn& column : m_list.m_columns) titles.push_back(column.szTitle);
+    if (WriteExport(path.c_str(), TradeExport(titles, Trades(), m_pContracts)) ==
+        ExportResult::kBroken) {
+        CUICallBack* const core = GetUICallBack();
+        if (core != nullptr) core->ShowStatusText("成交报表没有写完", kStatusPlain);
+    }
 }
 
 void CGoldTradeDlg::OnSize(UINT type, int cx, int cy) {

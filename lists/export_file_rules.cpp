@@ -1,0 +1,57 @@
+#include "lists/export_file_rules.h"
+
+#include <string>
+
+#include "platform/system.h"
+#include "platform/text/file_move.h"
+#include "platform/text/file_path.h"
+
+namespace {
+
+bool Exists(const std::string& path) {
+    return ::GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+/// A name beside the file that no file has; empty if there is none.
+std::string NameBeside(const std::string& path) {
+    constexpr int kTries = 100;
+    for (int number = 1; number <= kTries; ++number) {
+        const std::string name = path + ".part" + std::to_string(number);
+        if (!Exists(name)) return name;
+    }
+    return "";
+}
+
+bool WriteAndClose(std::FILE* file, const std::function<bool(std::FILE*)>& write) {
+    const bool written = write(file);
+    // What the library still holds goes out now, and may find the disk full.
+    return std::fclose(file) == 0 && written;
+}
+
+ExportResult WriteInPlace(const char* path, const std::function<bool(std::FILE*)>& write) {
+    std::FILE* const file = text::OpenFile(path, "wb");
+    if (file == nullptr) return ExportResult::kRefused;
+    return WriteAndClose(file, write) ? ExportResult::kWritten : ExportResult::kBroken;
+}
+
+}  // namespace
+
+ExportResult WriteExport(const char* path, const std::function<bool(std::FILE*)>& write) {
+    const std::string draft = NameBeside(path);
+    std::FILE* const file = text::OpenFile(draft.c_str(), "wb");
+    if (file == nullptr) return WriteInPlace(path, write);
+    ExportResult result = ExportResult::kWritten;
+    if (!WriteAndClose(file, write)) {
+        result = ExportResult::kBroken;
+    } else if (!text::MoveOver(draft.c_str(), path)) {
+        result = ExportResult::kRefused;
+    }
+    if (result != ExportResult::kWritten) ::DeleteFileA(draft.c_str());
+    return result;
+}
+
+ExportResult WriteExport(const char* path, std::string_view content) {
+    return WriteExport(path, [content](std::FILE* file) {
+        return std::fwrite(content.data(), 1, content.size(), file) == content.size();
+    });
+}
