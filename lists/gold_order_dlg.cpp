@@ -59,6 +59,7 @@ BOOL CGoldOrderDlg::OnInitDialog() {
     ShowMode();
     m_btnCancel.EnableWindow(FALSE);
     m_btnCancelAll.EnableWindow(FALSE);
+    LayOut();
     return TRUE;
 }
 
@@ -169,6 +170,7 @@ void CGoldOrderDlg::CancelAll() {
 }
 
 void CGoldOrderDlg::Send(CUICallBack& core, std::span<CancelRequest> requests, const char* note) {
+    const CScopedLock lock(m_lock);
     for (CancelRequest& request : requests) {
         core.CancelOrder(&request.order, request.order_ref.c_str(), note, request.order.nSession);
         core.ShowStatusText(note, kStatusOrderPageNote);
@@ -189,11 +191,9 @@ void CGoldOrderDlg::OnTimer(UINT_PTR timer) {
 
 void CGoldOrderDlg::ShowToolbar(bool show) {
     m_bToolbar = show;
-    if (m_hWnd == nullptr) return;
-    for (const int id : {kCancel, kCancelAll}) {
-        ::ShowWindow(::GetDlgItem(m_hWnd, id), show ? SW_SHOW : SW_HIDE);
-    }
     LayOut();
+    // The list's frame is drawn on the page's ground, which nobody paints when only the list moves.
+    if (m_hWnd != nullptr) Invalidate();
 }
 
 void CGoldOrderDlg::OnSize(UINT type, int cx, int cy) {
@@ -203,6 +203,9 @@ void CGoldOrderDlg::OnSize(UINT type, int cx, int cy) {
 
 void CGoldOrderDlg::LayOut() {
     if (m_btnMode.m_hWnd == nullptr || m_list.m_hWnd == nullptr) return;
+    for (CWnd* const button : {&m_btnCancel, &m_btnCancelAll}) {
+        button->ShowWindow(m_bToolbar ? SW_SHOW : SW_HIDE);
+    }
     CRect client;
     GetClientRect(&client);
     const int offset = m_bToolbar ? kToolbarHeight : 0;

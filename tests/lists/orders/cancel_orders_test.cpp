@@ -1,4 +1,6 @@
+#include <atomic>
 #include <functional>
+#include <thread>
 
 #include "platform/text/gbk.h"
 #include "tests/lists/orders/order_page_stage.h"
@@ -203,6 +205,39 @@ TEST_F(CancelOrders, AllEvenIfTheCoreSendsAnotherListMeanwhile) {
     };
     Press(CGoldOrderDlg::kCancelAll);
     EXPECT_EQ(3U, core_.CallsOf("CancelOrder").size());
+}
+
+TEST_F(CancelOrders, KeepsOtherThreadsOffTheListUntilAllIsSent) {
+    core_.trade_param.bNoCancelConfirm = 1;
+    Show({MakeOrder("9", '0'), MakeOrder("8", '0')});
+    COwerDrawListView& list = List();
+    std::atomic<int> readers = 0;
+    std::atomic<bool> came_in = false;
+    std::thread reader;
+    // The painter of a row that is not there takes the lock and lets it go.
+    const auto read = [&] {
+        RECT rect{};
+        ++readers;
+        list.m_pfnDrawCell(nullptr, -1, 0, &rect, nullptr, nullptr, list.m_pContext);
+        came_in = true;
+    };
+    core_.on_call = [&](std::string_view line) {
+        if (!line.starts_with("CancelOrder")) return;
+        if (!reader.joinable()) {
+            reader = std::thread(read);
+            while (readers == 0) std::this_thread::yield();
+        }
+        for (int turn = 0; turn < 1000 && !came_in; ++turn) std::this_thread::yield();
+        EXPECT_FALSE(came_in);
+    };
+    for (const bool all : {false, true}) {
+        readers = 0;
+        came_in = false;
+        all ? page_.CancelAll() : page_.CancelRow(0);
+        ASSERT_TRUE(reader.joinable());
+        reader.join();
+        EXPECT_TRUE(came_in);
+    }
 }
 
 TEST_F(CancelOrders, NothingWhenThePageGoesDuringTheQuestion) {

@@ -157,5 +157,31 @@ TEST_F(OrderPage, MakesRoomForItsButtons) {
     EXPECT_EQ(CRect(26, 2, 26 + 900 - 28, 2 + 300 - 2), Place(CGoldOrderDlg::kList));
 }
 
+TEST_F(OrderPage, FramesTheListWhereItStands) {
+    core_.skin_color = RGB(200, 100, 50);
+    for (const bool buttons : {false, true, false}) {
+        page_.ShowToolbar(buttons);
+        Pump();
+        const int frame = buttons ? 24 : 1;
+        const CClientDC page(&page_);
+        EXPECT_EQ(RGB(140, 70, 35), page.GetPixel(400, frame));
+        for (int y = 0; y < frame; ++y) EXPECT_EQ(core_.skin_color, page.GetPixel(400, y)) << y;
+    }
+}
+
+TEST_F(OrderPage, ShowsItsButtonsOnlyWhereSomebodyAskedForThem) {
+    CGoldOrderDlg plain;
+    plain.Create(CGoldOrderDlg::IDD, &frame_);
+    CGoldOrderDlg asked;
+    asked.ShowToolbar(true);
+    asked.Create(CGoldOrderDlg::IDD, &frame_);
+    for (CGoldOrderDlg* const page : {&plain, &asked}) {
+        page->ShowWindow(SW_SHOW);
+        for (const int id : {CGoldOrderDlg::kCancel, CGoldOrderDlg::kCancelAll}) {
+            EXPECT_EQ(page == &asked, ::IsWindowVisible(::GetDlgItem(*page, id)) != FALSE) << id;
+        }
+    }
+}
+
 }  // namespace
 }  // namespace tests
