@@ -86,6 +86,7 @@ void Engine::SetTradeParam(const CTradeParam& param) {
 }
 
 void Engine::OnQuote(const Quote& quote) {
+    if (!IsSane(quote)) return;
     if (quote.trading_day > 0 && quote.trading_day != state_.day) ChangeDay(quote);
     for (const Fill& fill : matcher_.OnQuote(quote)) Book(fill, quote.time);
     if (quote.phase != MarketPhase::kClosed) {

@@ -40,6 +40,7 @@ public:
     Answer SetLotStop(LotId lot, const CPresetStop& record);
     /// Permanent strategies that sleep are watched again.
     void WakeStops();
+    /// A quote with a price that can't be one counts as none.
     void OnQuote(const Quote& quote);
     void OnDayEnd(const DayEnd& end);
     /// Everything of the next request is refused with this reason, once.

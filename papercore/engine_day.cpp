@@ -10,7 +10,8 @@ namespace {
 
 Price SettlementOf(const DayEnd& end, const std::string& contract) {
     for (const DayEnd::Settlement& settlement : end.settlements) {
-        if (settlement.contract == contract) return settlement.price;
+        if (settlement.contract != contract) continue;
+        return settlement.price <= kHighestPrice ? settlement.price : 0;
     }
     return 0;
 }
@@ -51,7 +52,8 @@ void Engine::EndDay(const DayEnd& end) {
     fact.day = end.trading_day;
     fact.next_day = end.next_trading_day > 0 ? end.next_trading_day : end.trading_day;
     for (const DayEnd::Settlement& settlement : end.settlements) {
-        if (settlement.price > 0) fact.settlements[settlement.contract] = settlement.price;
+        const Price price = SettlementOf(end, settlement.contract);
+        if (price > 0) fact.settlements[settlement.contract] = price;
     }
     for (const auto& [id, lot] : state_.lots) {
         fact.lots.push_back(Mark(lot, end));

@@ -141,7 +141,6 @@ Price Engine::RestLimit(const Order& order) const {
 
 void Engine::GoOnAsLimit(OrderId id, Price limit) {
     Order order = state_.orders.at(id);
-    matcher_.Remove(order.contract, id);
     order.limit = limit;
     const ContractTerms* terms = TermsToday(order.contract);
     const Frozen frozen = terms ? FreezeOf(state_, *terms, order, FreezeNow(order)) : Frozen{};

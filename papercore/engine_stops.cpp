@@ -70,7 +70,6 @@ void Engine::EvaluateStops(const Quote& quote) {
 void Engine::Fire(const StopFire& fire, const Quote& quote) {
     const Lot& lot = state_.lots.at(fire.lot);
     Record(StopTriggered{fire.lot, fire.rule, fire.watched, quote.time});
-    stops_.Remove(fire.lot);
     const Order order = StopOrder(lot, fire, quote);
     if (order.closing.empty() || order.limit <= 0) {
         Record(OrderAccepted{order});

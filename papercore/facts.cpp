@@ -6,6 +6,14 @@
 namespace papercore {
 namespace {
 
+/// No account comes near these; a damaged file may, and its sums must not wrap.
+constexpr Fen kMostMoney = 10'000'000'000'000'000;
+constexpr std::int64_t kMostLots = 1'000'000'000;
+
+bool IsMoney(Fen amount) { return amount >= -kMostMoney && amount <= kMostMoney; }
+bool IsCharge(Fen amount) { return amount >= 0 && amount <= kMostMoney; }
+bool IsVolume(std::int64_t volume) { return volume > 0 && volume <= kMostLots; }
+
 Order* WorkingOrder(State& state, OrderId id) {
     const auto found = state.orders.find(id);
     return found != state.orders.end() && found->second.IsWorking() ? &found->second : nullptr;
@@ -43,7 +51,7 @@ void RollDay(State& state, Day day) {
 
 bool Do(State& state, const AccountCreated& fact) {
     if (!state.login.account.empty() || fact.login.account.empty()) return false;
-    if (fact.starting_funds < 0) return false;
+    if (!IsCharge(fact.starting_funds)) return false;
     state.login = fact.login;
     state.ledger.deposits += fact.starting_funds;
     return true;
@@ -63,6 +71,7 @@ bool Do(State& state, const SessionOpened& fact) {
 }
 
 bool Do(State& state, const MoneyMoved& fact) {
+    if (!IsMoney(fact.amount)) return false;
     if (fact.amount >= 0) {
         state.ledger.deposits += fact.amount;
     } else {
@@ -83,19 +92,20 @@ bool CanFreeze(State& state, const Order& order) {
     for (auto slice = order.closing.begin(); slice != order.closing.end(); ++slice) {
         const Lot* lot = FindLot(state, slice->lot);
         if (!lot || lot->side == order.side || lot->contract != order.contract) return false;
-        if (slice->volume <= 0 || slice->volume > lot->volume - lot->frozen) return false;
+        if (!IsVolume(slice->volume) || slice->volume > lot->volume - lot->frozen) return false;
         const auto same = [&](const FrozenSlice& other) { return other.lot == slice->lot; };
         if (std::any_of(std::next(slice), order.closing.end(), same)) return false;
         closing += slice->volume;
     }
-    return order.opening >= 0 && order.opening + closing == order.Remaining();
+    return order.opening >= 0 && order.opening == order.volume - closing;
 }
 
 bool Do(State& state, const OrderAccepted& fact) {
     const Order& order = fact.order;
     if (order.id <= state.last_order || !order.IsWorking()) return false;
-    if (order.volume <= 0 || order.filled != 0) return false;
-    if (order.frozen_margin < 0 || order.frozen_fee < 0 || !CanFreeze(state, order)) return false;
+    if (!IsVolume(order.volume) || order.filled != 0) return false;
+    if (!IsCharge(order.frozen_margin) || !IsCharge(order.frozen_fee)) return false;
+    if (!CanFreeze(state, order)) return false;
     for (const FrozenSlice& slice : order.closing) state.lots[slice.lot].frozen += slice.volume;
     state.last_order = order.id;
     state.orders.emplace(order.id, order);
@@ -113,7 +123,8 @@ bool Do(State& state, const OrderEnded& fact) {
 
 bool Do(State& state, const OrderBecameLimit& fact) {
     Order* order = WorkingOrder(state, fact.order);
-    if (!order || fact.limit <= 0 || fact.frozen_margin < 0 || fact.frozen_fee < 0) return false;
+    if (!order || fact.limit <= 0) return false;
+    if (!IsCharge(fact.frozen_margin) || !IsCharge(fact.frozen_fee)) return false;
     order->kind = OrderKind::kLimit;
     order->limit = fact.limit;
     order->frozen_margin = fact.frozen_margin;
@@ -129,7 +140,8 @@ bool CanClose(State& state, const Order& order, const OrderFilled& fact) {
         const OrderFilled::Closed& closed = fact.closed[i];
         const FrozenSlice& slice = order.closing[i];
         const bool last = i + 1 == fact.closed.size();
-        if (closed.lot != slice.lot || closed.volume <= 0) return false;
+        if (closed.lot != slice.lot || !IsVolume(closed.volume)) return false;
+        if (!IsMoney(closed.realised)) return false;
         if (last ? closed.volume > slice.volume : closed.volume != slice.volume) return false;
         const Lot* lot = FindLot(state, closed.lot);
         if (!lot || closed.volume > lot->frozen || closed.volume > lot->volume) return false;
@@ -140,16 +152,17 @@ bool CanClose(State& state, const Order& order, const OrderFilled& fact) {
 }
 
 bool CanOpen(const State& state, const Order& order, const Lot& lot) {
-    return lot.id > state.last_lot && lot.volume > 0 && lot.volume <= order.opening &&
-           lot.frozen == 0 && lot.margin >= 0;
+    return lot.id > state.last_lot && IsVolume(lot.volume) && lot.volume <= order.opening &&
+           lot.frozen == 0 && IsCharge(lot.margin);
 }
 
 bool CanFill(State& state, const Order& order, const OrderFilled& fact) {
     if (fact.volume <= 0 || fact.volume > order.Remaining()) return false;
-    if (fact.frozen_margin < 0 || fact.frozen_fee < 0) return false;
+    if (!IsCharge(fact.frozen_margin) || !IsCharge(fact.frozen_fee)) return false;
+    if (!IsCharge(fact.fee)) return false;
     TradeId last = state.last_trade;
     for (const Trade& trade : fact.trades) {
-        if (trade.id <= last) return false;
+        if (trade.id <= last || !IsMoney(trade.fee) || !IsMoney(trade.realised)) return false;
         last = trade.id;
     }
     if (fact.opened.id != 0 && !CanOpen(state, order, fact.opened)) return false;
@@ -235,7 +248,8 @@ bool KnowsLots(State& state, const DaySettled& fact) {
     const auto known = [&state](LotId id) { return FindLot(state, id) != nullptr; };
     return std::all_of(fact.lots.begin(), fact.lots.end(),
                        [&](const DaySettled::Marked& marked) {
-                           return known(marked.lot) && marked.margin >= 0;
+                           return known(marked.lot) && IsCharge(marked.margin) &&
+                                  IsMoney(marked.profit) && IsMoney(marked.deferred);
                        }) &&
            std::all_of(fact.stops_ended.begin(), fact.stops_ended.end(), known) &&
            std::all_of(fact.stops_asleep.begin(), fact.stops_asleep.end(), known);

@@ -30,7 +30,7 @@ public:
 
     /// An order arrives. What it takes at once is answered in order of price; the rest rests if
     /// its kind rests (`limit` above 0 and a limit kind), else the caller ends it. A fill-or-kill
-    /// that can't be filled whole takes nothing.
+    /// that can't be filled whole takes nothing. An order that rests already comes anew.
     std::vector<Fill> Add(const Order& order);
 
     /// Takes an order out: filled, cancelled. An unknown one is no matter.

@@ -45,6 +45,9 @@ struct Quote {
     std::int64_t trade_volume = 0;  ///< 0: no trade, only the book moved
 };
 
+/// Whether every price is one, 0 included.
+bool IsSane(const Quote& quote);
+
 /// The end of a trading day, with what positions are marked at.
 struct DayEnd {
     struct Settlement {

@@ -6,8 +6,6 @@ namespace papercore {
 namespace {
 
 constexpr int kDecimals = 4;
-constexpr Price kMostPrice = 1'000'000'000LL * kPriceScale;
-
 std::string Magnitude(Fen amount) {
     const auto value = static_cast<std::uint64_t>(amount);
     return std::to_string(amount < 0 ? 0 - value : value);
@@ -70,10 +68,10 @@ bool ReadPrice(std::string_view text, Price& price) {
         }
         if (decimals >= 0) ++decimals;
         value = value * 10 + (character - '0');
-        if (value > kMostPrice) return false;
+        if (value > kHighestPrice) return false;
     }
     for (int i = std::max(decimals, 0); i < kDecimals; ++i) value *= 10;
-    if (!any || value > kMostPrice) return false;
+    if (!any || value > kHighestPrice) return false;
     price = negative ? -value : value;
     return true;
 }

@@ -12,6 +12,8 @@ using Fen = std::int64_t;
 /// A price in ten-thousandths of a yuan per price unit (gram or kilogram). 0: no price.
 using Price = std::int64_t;
 inline constexpr Price kPriceScale = 10000;
+/// What lies beyond is no price: values of positions stay far from the end of the numbers.
+inline constexpr Price kHighestPrice = 1'000'000 * kPriceScale;
 
 /// A rate in millionths: 0.08 % is 800.
 using Ppm = std::int64_t;

@@ -107,6 +107,21 @@ TEST_F(EngineFunds, PreviewWhatCanBeClosed) {
     EXPECT_EQ(0, engine->MaxVolume("Xy", '0', '0', PriceFromYuan(900.00)));
 }
 
+TEST_F(EngineFunds, PreviewNoMoreAndNoLessThanAnOrderMayHave) {
+    Feed(kMini).Bid(299.99, 90).Ask(300.00, 90);
+    EXPECT_EQ(20, engine->MaxVolume(kMini, '0', '0', PriceFromYuan(300.00)));
+    Start(FenFromYuan(14'000.0));  // two lots of 4,800.00 and 4.50
+    Feed(kMini).Bid(299.99, 90).Ask(300.00, 90);
+    EXPECT_EQ(0, engine->MaxVolume(kMini, '0', '0', PriceFromYuan(300.00)));
+    Start(FenFromYuan(14'413.50));
+    Feed(kMini).Bid(299.99, 90).Ask(300.00, 90);
+    EXPECT_EQ(3, engine->MaxVolume(kMini, '0', '0', PriceFromYuan(300.00)));
+    EXPECT_EQ(3, engine->MaxVolume(kMini, '0', '0', 0));
+    Buy(3).At(300.00).Of(kMini);
+    ExpectAccepted();
+    EXPECT_EQ("0.00", Yuan(engine->FundsNow().available));
+}
+
 TEST_F(EngineFunds, ChargeAnOrderInPartsAsInOnePiece) {
     Feed(kGold).Ask(899.99, 1).Bid(899.98, 1);
     Buy(6).At(899.97);

@@ -236,6 +236,19 @@ TEST_F(EngineStops, SleepOnOverARestart) {
     ExpectPosition(Side::kBuy, 0, 0);
 }
 
+TEST_F(EngineStops, EndForGoodOnceTheyHaveFired) {
+    Param(1);
+    Buy(1).At(300.00);
+    SetStop(1, LossOf(10));
+    Feed().NoBid().Ask(299.91, 5).Last(299.90);
+    ExpectWorking(1);
+    EndDay(20260106, {{kGold, 300.00}});
+    EXPECT_FALSE(Lots()[0].has_stop);
+    engine->WakeStops();
+    FallTo(299.00);
+    EXPECT_EQ(1, Facts<StopTriggered>());
+}
+
 TEST_F(EngineStops, TakeValidityWhenTheyAreSet) {
     Param(1);
     Buy(1).At(300.00);

@@ -55,12 +55,23 @@ ContractTerms Spot() {
     return terms;
 }
 
+ContractTerms Mini() {
+    ContractTerms terms = Gold();
+    terms.contract = kMini;
+    terms.unit = 100;
+    terms.smallest_order = 3;
+    terms.largest_order = 20;
+    return terms;
+}
+
 }  // namespace
 
 const TermsTable& SampleTerms() {
     static const TermsTable table = [] {
         TermsTable rows;
-        for (const ContractTerms& row : {Gold(), Silver(), DearerSilver(), Spot()}) rows.Add(row);
+        for (const ContractTerms& row : {Gold(), Silver(), DearerSilver(), Spot(), Mini()}) {
+            rows.Add(row);
+        }
         return rows;
     }();
     return table;

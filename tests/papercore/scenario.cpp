@@ -162,6 +162,7 @@ Scenario::Scenario() {
     quotes[kGold] = FirstQuote(kGold, 300.00);
     quotes[kSilver] = FirstQuote(kSilver, 7000.0);
     quotes[kSpot] = FirstQuote(kSpot, 300.00);
+    quotes[kMini] = FirstQuote(kMini, 300.00);
     Start(FenFromYuan(1'000'000.0));
 }
 

@@ -22,12 +22,13 @@ using namespace papercore;
 
 /// Terms with round figures: Au(T+D) 1,000 g, margin 16 %, limits 15 %, fee 0.015 %; Ag(T+D) with
 /// fees of its own for opening, closing and closing today, and a higher margin from February 2026
-/// on; the spot Au99.99.
+/// on; the spot Au99.99; mAu(T+D) as Au(T+D) with 100 g, 3 to 20 lots an order.
 const TermsTable& SampleTerms();
 
 inline constexpr char kGold[] = "Au(T+D)";
 inline constexpr char kSilver[] = "Ag(T+D)";
 inline constexpr char kSpot[] = "Au99.99";
+inline constexpr char kMini[] = "mAu(T+D)";
 
 class Scenario;
 
