@@ -435,7 +435,7 @@ void Frame::OnDestroy() {
     front_end_.Close();
     pages_.DestroyPages();
     CWnd::OnDestroy();
-    PostQuitMessage(0);
+    if (on_gone) on_gone();
 }
 
 }  // namespace terminal

@@ -137,8 +137,10 @@ private:
 public:
     /// Called for WM_CORE_WAITS.
     std::function<void()> on_core_waits;
-    /// Called before the window goes.
+    /// Called when the user closes the window, before it goes.
     std::function<void()> on_close;
+    /// Called when the window has gone.
+    std::function<void()> on_gone;
 };
 
 }  // namespace terminal

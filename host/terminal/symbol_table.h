@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "papercore/contract_terms.h"
@@ -24,6 +25,7 @@ struct Symbol {
 class SymbolTable {
 public:
     SymbolTable() = default;
+    explicit SymbolTable(std::vector<Symbol> symbols) : symbols_(std::move(symbols)) {}
     /// One symbol for each contract of the terms, as of a day.
     SymbolTable(const papercore::TermsTable& terms, papercore::Day day);
 

@@ -256,6 +256,15 @@ std::vector<ShownText> WindowTexts(HWND handle) {
     if (dc == nullptr) return {};
     std::vector<ShownText> texts = ShownTexts(dc);
     ReleaseDC(handle, dc);
+    // A context of a window that clips its children ends where they begin.
+    if ((GetWindowLongA(handle, GWL_STYLE) & WS_CLIPCHILDREN) == 0) return texts;
+    for (HWND child = GetWindow(handle, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (!IsWindowVisible(child)) continue;
+        for (ShownText& text : WindowTexts(child)) {
+            MapWindowPoints(child, handle, reinterpret_cast<POINT*>(&text.rect), 2);
+            texts.push_back(std::move(text));
+        }
+    }
     return texts;
 }
 
