@@ -265,6 +265,16 @@ TEST_F(EngineOrders, TiesACloseToItsLot) {
     EXPECT_EQ(2, Lots()[0].volume);
 }
 
+TEST_F(EngineOrders, TiesNoCloseOfTodayToAnOlderLot) {
+    Buy(3).At(300.00);
+    EndDay(20260106, {{kGold, 300.00}});
+    Feed(kGold).Bid(299.99, 5).Ask(300.00, 2);
+    Sell(1).At(299.99).CloseToday().Lot(1);
+    ExpectRefused("持仓明细1不是今日开仓");
+    Sell(1).At(299.99).Close().Lot(1);
+    ExpectFilled(1);
+}
+
 TEST_F(EngineOrders, ClosesTheOppositeSideFirstByTheNetPosition) {
     Buy(3).At(300.00);
     Feed(kGold).Bid(299.99, 10).Ask(300.00, 3);

@@ -18,13 +18,14 @@ protected:
         return stop;
     }
 
-    void Param(int validity, int chase = 0, int stop_order_price = 0) {
+    void Param(int validity, int chase = 0, int stop_order_price = 0, int stop_adjust = 0) {
         CTradeParam param{};
         param.nStopTicks = 1;
         param.nProfitTicks = 1;
         param.nStopTriggerPrice = 1;
         param.nProfitTriggerPrice = 1;
         param.nStopOrderPrice = static_cast<std::uint8_t>(stop_order_price);
+        param.nStopAdjust = stop_adjust;
         param.nValidity = validity;
         param.bAutoChase = chase;
         engine->SetTradeParam(param);
@@ -193,6 +194,34 @@ TEST_F(EngineStops, ChaseTheMarketWithTheSameOrder) {
     ExpectFilled(4);
     EXPECT_TRUE(state().lots.empty());
     EXPECT_EQ(0, engine->FundsNow().frozen);
+}
+
+TEST_F(EngineStops, ChaseOnAfterARestart) {
+    Param(0, 1);
+    Buy(4).At(300.00);
+    SetStop(1, LossOf(10));
+    Feed().Bid(299.90, 1).Ask(299.95, 50).Last(299.90);
+    Restart();
+    Feed().Bid(299.70, 9).Ask(299.75, 50).Last(299.70);
+    ExpectFilled(4);
+}
+
+TEST_F(EngineStops, AskForNoPriceBeyondTheLimits) {
+    const struct {
+        int row;
+        int adjust;
+        double limit;
+    } cases[] = {{0, 10'000, 255.00}, {3, 0, 345.00}, {4, 0, 255.00}, {3, -10'000, 345.00}};
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.row);
+        Start(FenFromYuan(1'000'000.0));
+        Feed().Bid(299.99, 50).Ask(300.00, 50).Last(300.00);
+        Param(0, 0, one.row, one.adjust);
+        Buy(1).At(300.00);
+        SetStop(1, LossOf(10));
+        FallTo(299.90);
+        EXPECT_EQ(PriceFromYuan(one.limit), OrderNow().limit);
+    }
 }
 
 TEST_F(EngineStops, StayWhereTheyAreWithoutChasing) {
