@@ -26,6 +26,8 @@ bool Rests(const Order& order) {
 }  // namespace
 
 struct Matcher::Books {
+    explicit Books(ShrinkRule shrink) : rule(shrink) {}
+
     ShrinkRule rule;
     std::map<std::string, Book, std::less<>> by_contract;
 

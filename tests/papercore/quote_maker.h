@@ -8,9 +8,7 @@
 
 namespace papercore_test {
 
-constexpr papercore::Price Yuan(double price) {
-    return static_cast<papercore::Price>(price * papercore::kPriceScale + 0.5);
-}
+inline papercore::Price Yuan(double price) { return papercore::PriceFromYuan(price); }
 
 /// One update: `Market().Ask(300.00, 3).Bid(299.99, 5)`, levels best first.
 class Market {
