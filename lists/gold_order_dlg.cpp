@@ -1,7 +1,6 @@
 #include "lists/gold_order_dlg.h"
 
 #include "controls/page_ground.h"
-#include "lists/list_columns.h"
 #include "lists/order_cell_rules.h"
 #include "lists/order_list_rules.h"
 #include "orderentry/price_rules.h"
@@ -43,6 +42,7 @@ int CGoldOrderDlg::OnCreate(LPCREATESTRUCT create) {
     lists::MakeList(m_list, *this, kList, this);
     m_list.m_pfnDrawCell = DrawCell;
     lists::SetColumns(m_list, kColumns);
+    m_remarkColumn = {kOrderRemarkColumn, kColumns[kOrderRemarkColumn].width};
     return 0;
 }
 
@@ -81,6 +81,7 @@ void CGoldOrderDlg::Refresh(bool bNotifyPanels) {
     SortOrders(Orders());
     if (m_hWnd != nullptr) {
         m_list.SetRowCount(m_orders.GetCount(), TRUE);
+        lists::FitColumn(m_list, m_remarkColumn);
         Enable(m_btnCancel, row_cancellable);
         Enable(m_btnCancelAll, any_cancellable);
     }
@@ -212,6 +213,7 @@ void CGoldOrderDlg::LayOut() {
     const int below = client.Height() - offset;
     m_btnMode.MoveWindow(0, offset + 2, 21, below - 4);
     m_list.MoveWindow(26, offset + 2, client.Width() - 28, below - 2);
+    lists::FitColumn(m_list, m_remarkColumn);
 }
 
 BOOL CGoldOrderDlg::OnEraseBkgnd(CDC* dc) {

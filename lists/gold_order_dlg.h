@@ -5,6 +5,7 @@
 #include "controls/bmp_button_no_pic.h"
 #include "controls/ower_draw_list_view.h"
 #include "controls/v_button.h"
+#include "lists/list_columns.h"
 #include "lists/panel_host.h"
 #include "lists/scoped_lock.h"
 #include "orderentry/contract_rules.h"
@@ -75,6 +76,7 @@ private:
     bool m_bShowAll = true;
     bool m_bToolbar = false;
     COwerDrawListView m_list;
+    lists::WideColumn m_remarkColumn{};
     CVButton m_btnMode;
     CBmpButtonNoPic m_btnCancel;
     CBmpButtonNoPic m_btnCancelAll;

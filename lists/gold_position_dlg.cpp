@@ -6,7 +6,6 @@
 #include <string>
 
 #include "controls/page_ground.h"
-#include "lists/list_columns.h"
 #include "lists/position_cell_rules.h"
 #include "lists/position_profit_rules.h"
 #include "platform/text/bounded_text.h"
@@ -29,7 +28,8 @@ constexpr lists::Column kLotColumns[] = {
 };
 
 /// The stops' text is the one that needs more room than there is.
-constexpr int kStopsWidth = kLotColumns[lists::kPositionStops].width;
+constexpr lists::WideColumn kStopsColumn{lists::kPositionStops,
+                                         kLotColumns[lists::kPositionStops].width};
 
 // The buttons above the list share its width.
 constexpr int kListLeft = 26;
@@ -126,7 +126,7 @@ void CGoldPositionDlg::Refresh(bool bDetailList, bool bFetch) {
     if (bFetch && !bDetailList) ReadTotals();
     if (bDetailList == m_bDetail) {
         m_list.SetRowCount(ShownCount(), TRUE);
-        FitStopsColumn();
+        lists::FitColumn(m_list, m_stopsColumn);
     }
     OnSelectionChanged();
     SumUp();
@@ -184,8 +184,8 @@ void CGoldPositionDlg::ShowColumns() {
         if (g_bNeedShowStopLossAndProfit == 0) columns = columns.first(columns.size() - 1);
     }
     lists::SetColumns(m_list, columns);
-    m_nStopsWidth = kStopsWidth;
-    FitStopsColumn();
+    m_stopsColumn = kStopsColumn;
+    lists::FitColumn(m_list, m_stopsColumn);
     m_list.m_pfnDrawCell = m_bDetail ? &DrawLot : &DrawTotal;
 }
 
@@ -260,27 +260,12 @@ double CGoldPositionDlg::GetHoldProfit(int row) const {
     return lists::HoldProfitOf(*position, UnitOf(*position), quote).value;
 }
 
-/// The last column takes what is left of a wide list, unless the user has dragged it.
-void CGoldPositionDlg::FitStopsColumn() {
-    constexpr int kStops = lists::kPositionStops;
-    if (m_list.m_hWnd == nullptr || m_list.GetColumnWidth(kStops) != m_nStopsWidth) return;
-    CRect room;
-    m_list.GetClientRect(&room);
-    int before = 0;
-    for (int column = 0; column < kStops; ++column) before += m_list.GetColumnWidth(column);
-    // A list whose columns are exactly as wide as it is has a scroll bar.
-    const int width = std::max(kStopsWidth, room.Width() - before - 1);
-    if (width == m_nStopsWidth) return;
-    m_nStopsWidth = width;
-    m_list.SetColumnWidth(kStops, width);
-}
-
 void CGoldPositionDlg::OnSize(UINT type, int cx, int cy) {
     CDialog::OnSize(type, cx, cy);
     if (m_btnMode.m_hWnd != nullptr) m_btnMode.MoveWindow(0, 24, 21, cy - 28);
     if (m_list.m_hWnd != nullptr) m_list.MoveWindow(kListLeft, 26, cx - 28, cy - 27);
     if (m_btnStop.m_hWnd != nullptr) PlaceButtons(cx);
-    FitStopsColumn();
+    lists::FitColumn(m_list, m_stopsColumn);
 }
 
 /// Volumes of up to four digits find room beside an order list on the smallest screen.

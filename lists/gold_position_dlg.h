@@ -5,6 +5,7 @@
 #include "controls/bmp_button_no_pic.h"
 #include "controls/ower_draw_list_view.h"
 #include "controls/v_button.h"
+#include "lists/list_columns.h"
 #include "lists/panel_host.h"
 #include "lists/position_dialogs.h"
 #include "lists/quick_close_rules.h"
@@ -92,7 +93,6 @@ private:
     void ReadTotals();
     void ReadLots();
     void ShowColumns();
-    void FitStopsColumn();
     void PlaceButtons(int page_width);
     void ShowModeText();
     void SumUp();
@@ -129,7 +129,7 @@ private:
     EArray<PositionGroup> m_groups{32};
     char m_szSelected[sizeof CZebPosition::szContract + 1] = {};  ///< travels by address
     COwerDrawListView m_list;
-    int m_nStopsWidth = 0;  ///< of the lots' last column, as the page gave it
+    lists::WideColumn m_stopsColumn{};  ///< the lots' last one
     CVButton m_btnMode;
     CBmpButtonNoPic m_btnClose1;  ///< the value of each is how many lots it closes
     CBmpButtonNoPic m_btnClose30;

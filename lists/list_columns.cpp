@@ -1,5 +1,7 @@
 #include "lists/list_columns.h"
 
+#include <algorithm>
+
 namespace lists {
 
 namespace {
@@ -20,6 +22,21 @@ void SetColumns(COwerDrawListView& list, std::span<const Column> columns) {
     for (const Column& column : columns) {
         list.InsertColumn(column.title, column.width, kHeaderFormat, column.format, FALSE, FALSE);
     }
+}
+
+void FitColumn(COwerDrawListView& list, WideColumn& wide) {
+    if (list.m_hWnd == nullptr || list.GetColumnWidth(wide.column) != wide.width) return;
+    CRect room;
+    list.GetClientRect(&room);
+    int others = 0;
+    for (int column = 0; column < std::ssize(list.m_columns); ++column) {
+        if (column != wide.column) others += list.GetColumnWidth(column);
+    }
+    // A list whose columns are exactly as wide as it is has a scroll bar.
+    const int width = std::max(wide.least, room.Width() - others - 1);
+    if (width == wide.width) return;
+    wide.width = width;
+    list.SetColumnWidth(wide.column, width);
 }
 
 }  // namespace lists

@@ -20,4 +20,13 @@ struct Column {
 void MakeList(COwerDrawListView& list, CWnd& page, int id, void* context);
 void SetColumns(COwerDrawListView& list, std::span<const Column> columns);
 
+/// A column of texts that takes what is left of a wide list.
+struct WideColumn {
+    int column = 0;
+    int least = 0;
+    int width = least;  ///< as it was made
+};
+/// Leaves it alone once the user has dragged it.
+void FitColumn(COwerDrawListView& list, WideColumn& wide);
+
 }  // namespace lists

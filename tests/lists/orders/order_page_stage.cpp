@@ -9,7 +9,6 @@ namespace tests {
 namespace {
 
 constexpr int kRowHeight = 22;
-constexpr int kWidths[kOrderColumns] = {60, 60, 60, 60, 80, 60, 60, 120, 120, 60};
 
 /// Middle of a row in the list's window.
 int RowMiddle(int row) { return kRowHeight * (row + 1) + kRowHeight / 2; }
@@ -108,11 +107,12 @@ void OrderPage::DoubleClick(int row) {
 
 ShownCell OrderPage::Cell(int row, int column) {
     int left = 0;
-    for (int before = 0; before < column; ++before) left += kWidths[before];
+    for (int before = 0; before < column; ++before) left += List().GetColumnWidth(before);
+    const int right = left + List().GetColumnWidth(column);
     for (const auto& seen : platform::testing::SeenTexts(Control(CGoldOrderDlg::kList))) {
         const int x = (seen.rect.left + seen.rect.right) / 2;
         const int y = (seen.rect.top + seen.rect.bottom) / 2;
-        if (x < left || x >= left + kWidths[column] || y / kRowHeight != row + 1) continue;
+        if (x < left || x >= right || y / kRowHeight != row + 1) continue;
         return {text::GbkFromUtf8(seen.utf8), seen.color, seen.bold, seen.rect};
     }
     return {};

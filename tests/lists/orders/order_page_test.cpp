@@ -41,6 +41,55 @@ TEST_F(OrderPage, PaintsEveryColumnInItsColor) {
     }
 }
 
+TEST_F(OrderPage, HasItsColumns) {
+    const struct {
+        const char* title;
+        int width;
+        UINT format;
+    } kColumns[kOrderColumns] = {{"委托时间", 60, 0}, {"合约", 60, 0},     {"买卖", 60, 0},
+                                 {"开平", 60, 0},     {"委托价格", 80, 6}, {"委手", 60, 6},
+                                 {"成手", 60, 6},     {"状态", 120, 5},    {"备注", 120, 5},
+                                 {"委托号", 60, 5}};
+    page_.MoveWindow(0, 0, 740 + 28, 300);
+    Pump();
+    ASSERT_EQ(std::size_t{kOrderColumns}, List().m_columns.size());
+    for (int column = 0; column < kOrderColumns; ++column) {
+        const auto& [title, width, format] = kColumns[column];
+        EXPECT_GBK_EQ(title, Cell(-1, column).text);
+        EXPECT_EQ(width, List().GetColumnWidth(column)) << column;
+        const ListColumn& made = List().m_columns[static_cast<std::size_t>(column)];
+        EXPECT_EQ(format, made.nCellFormat) << column;
+        EXPECT_EQ(37U, made.nHeaderFormat) << column;
+        EXPECT_FALSE(made.bSortable || made.bHasIcon) << column;
+    }
+}
+
+TEST_F(OrderPage, GivesRemarksWhatIsLeftOfAWideList) {
+    const auto remarks = [this] { return List().GetColumnWidth(kOrderRemarkColumn); };
+    EXPECT_EQ(871 - 620, remarks());
+    page_.MoveWindow(0, 0, 600, 300);
+    EXPECT_EQ(120, remarks());
+    page_.MoveWindow(0, 0, 900, 300);
+    Show(std::vector<CZebOrder>(40, MakeOrder("1")));
+    EXPECT_EQ(871 - ::GetSystemMetrics(SM_CXVSCROLL) - 620, remarks());
+    EXPECT_EQ(0U, List().GetStyle() & WS_HSCROLL);
+    Show({MakeOrder("1")});
+    EXPECT_EQ(871 - 620, remarks());
+    page_.DestroyWindow();
+    page_.Create(CGoldOrderDlg::IDD, &frame_);
+    page_.MoveWindow(0, 0, 900, 300);
+    EXPECT_EQ(871 - 620, remarks());
+}
+
+TEST_F(OrderPage, PaintsWhatItReadThoughItsRowsStayAsMany) {
+    page_.MoveWindow(0, 0, 500, 300);  // narrower than the columns
+    Show({MakeOrder("1", '0')});
+    core_.orders[0].nFilled = 2;
+    page_.Refresh(false);
+    Pump();
+    EXPECT_EQ("2", Cell(0, kOrderFilledColumn).text);
+}
+
 TEST_F(OrderPage, KeepsTextsOffTheLines) {
     Show({MakeOrder("1")});
     EXPECT_EQ(5, Cell(0, kOrderTimeColumn).rect.left);
@@ -130,6 +179,12 @@ TEST_F(OrderPage, HeedsNothingElseThatTheListTells) {
     EXPECT_TRUE(Enabled(CGoldOrderDlg::kCancel));
 }
 
+TEST_F(OrderPage, AnswersNoughtToWhatTheListTells) {
+    NMHDR header{Control(CGoldOrderDlg::kList), CGoldOrderDlg::kList, NM_DBLCLK};
+    EXPECT_EQ(0, page_.SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header)));
+    EXPECT_EQ(0, page_.SendMessage(WM_LIST_EVENT, kListRowChosen, 0));
+}
+
 TEST_F(OrderPage, LooksUpTheSelectedRowInTheCoresOrder) {
     Show({MakeOrder("1", '3'), MakeOrder("2", '0')});
     Click(0);
@@ -179,6 +234,7 @@ TEST_F(OrderPage, ShowsItsButtonsOnlyWhereSomebodyAskedForThem) {
         page->ShowWindow(SW_SHOW);
         for (const int id : {CGoldOrderDlg::kCancel, CGoldOrderDlg::kCancelAll}) {
             EXPECT_EQ(page == &asked, ::IsWindowVisible(::GetDlgItem(*page, id)) != FALSE) << id;
+            EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(*page, id))) << id;
         }
     }
 }
