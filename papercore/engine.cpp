@@ -89,7 +89,7 @@ void Engine::OnQuote(const Quote& quote) {
     if (!IsSane(quote)) return;
     if (quote.trading_day > 0 && quote.trading_day != state_.day) ChangeDay(quote);
     for (const Fill& fill : matcher_.OnQuote(quote)) Book(fill, quote.time);
-    if (quote.phase != MarketPhase::kClosed) {
+    if (quote.phase == MarketPhase::kContinuous) {
         EvaluateStops(quote);
         if (stop_settings_.chase && !stop_orders_.empty()) Chase(quote);
     }

@@ -98,6 +98,8 @@ Order Engine::StopOrder(const Lot& lot, const StopFire& fire, const Quote& quote
     order.note = IsProfit(fire.rule) ? "自动止盈" : "自动止损";
     order.tied_lot = lot.id;
     order.limit = StopPrice(order, quote);
+    // Nobody is there to trade with: the order waits where the market was last.
+    if (order.limit <= 0) order.limit = quote.last;
     const std::int64_t closable = lot.volume - lot.frozen;
     order.volume = closable > 0 ? closable : lot.volume;
     if (closable > 0 && order.limit > 0) {
@@ -114,7 +116,8 @@ Order Engine::StopOrder(const Lot& lot, const StopFire& fire, const Quote& quote
     return order;
 }
 
-/// Where the book is empty on the wanted side, the order waits first in line at the limit.
+/// The price that the account's settings name for a stop's order; 0 where the market doesn't show
+/// it.
 Price Engine::StopPrice(const Order& order, const Quote& quote) const {
     const ContractTerms* terms = TermsToday(order.contract);
     if (!terms) return 0;
@@ -123,12 +126,9 @@ Price Engine::StopPrice(const Order& order, const Quote& quote) const {
     limited.lower_limit = limits.lower;
     limited.upper_limit = limits.upper;
     const bool profit = order.source == kSourceTakeProfit;
-    const Price price = StopOrderPrice(
+    return StopOrderPrice(
         limited, *terms, profit ? stop_settings_.profit_order : stop_settings_.stop_order,
         profit ? stop_settings_.profit_adjust : stop_settings_.stop_adjust, order.side);
-    if (price > 0) return price;
-    const Price furthest = order.side == Side::kBuy ? limits.upper : limits.lower;
-    return furthest > 0 ? furthest : quote.last;
 }
 
 /// An order that the market ran away from is sent after it; it never goes back.

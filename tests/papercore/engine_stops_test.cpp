@@ -171,12 +171,12 @@ TEST_F(EngineStops, CancelThePartnerRule) {
     EXPECT_EQ(1, Facts<StopTriggered>());
 }
 
-TEST_F(EngineStops, WaitAtTheLimitWhereNobodyBuys) {
+TEST_F(EngineStops, WaitAtTheLastPriceWhereNobodyBuys) {
     Param(0);
     Buy(1).At(300.00);
     SetStop(1, LossOf(10));
     Feed().NoBid().Ask(299.91, 5).Last(299.90);
-    EXPECT_EQ(PriceFromYuan(255.00), OrderNow().limit);
+    EXPECT_EQ(PriceFromYuan(299.90), OrderNow().limit);
 }
 
 TEST_F(EngineStops, ChaseTheMarketWithTheSameOrder) {
@@ -204,6 +204,17 @@ TEST_F(EngineStops, ChaseOnAfterARestart) {
     Restart();
     Feed().Bid(299.70, 9).Ask(299.75, 50).Last(299.70);
     ExpectFilled(4);
+}
+
+TEST_F(EngineStops, ChaseNothingThatIsNotShown) {
+    Param(0, 1);
+    Buy(4).At(300.00);
+    SetStop(1, LossOf(10));
+    Feed().Bid(299.90, 1).Ask(299.95, 50).Last(299.90);
+    Feed().NoBid();
+    Feed().Phase(MarketPhase::kAuction).NoAsk();
+    EXPECT_EQ(PriceFromYuan(299.90), OrderNow().limit);
+    ExpectWorking(3);
 }
 
 TEST_F(EngineStops, AskForNoPriceBeyondTheLimits) {
