@@ -98,6 +98,25 @@ TEST_F(CancelOrders, OneByEveryWayUnderEverySettingStatusAndAnswer) {
     }
 }
 
+TEST_F(CancelOrders, WithAQuestionOfYesAndNoAndNothingElse) {
+    Show({MakeOrder("9", '0')});
+    for (const bool all : {false, true}) {
+        int parts = 0;
+        MeanwhileDo([&parts] {
+            const HWND box = ::GetActiveWindow();
+            EXPECT_NE(nullptr, ::GetDlgItem(box, IDNO));
+            EXPECT_EQ(::GetDlgItem(box, IDYES), ::GetFocus());
+            for (HWND part = ::GetWindow(box, GW_CHILD); part != nullptr;
+                 part = ::GetWindow(part, GW_HWNDNEXT)) {
+                ++parts;
+            }
+        });
+        AnswerNextBox(IDNO);
+        all ? page_.CancelAll() : page_.CancelRow(0);
+        EXPECT_EQ(3, parts) << "both buttons and the text";
+    }
+}
+
 TEST_F(CancelOrders, AllThatCanBeInTheOrderOfTheList) {
     const struct {
         int no_question;
