@@ -77,7 +77,8 @@ DaySettled::Marked Engine::Mark(const Lot& lot, const DayEnd& end) const {
     const ContractTerms* today = terms_.Find(lot.contract, end.trading_day);
     const ContractTerms* next = terms_.Find(lot.contract, end.next_trading_day);
     if (today) {
-        const int days = CalendarDays(end.trading_day, end.next_trading_day);
+        const Day from = state_.day > 0 ? state_.day : end.trading_day;
+        const int days = CalendarDays(from, end.next_trading_day);
         marked.deferred = DeferredFee(*today, lot, marked.settlement, days);
     }
     if (next) marked.margin = MarginOf(*next, marked.settlement, lot.unit, lot.volume);

@@ -70,6 +70,27 @@ TEST_F(EngineDay, IsSettledByWhatIsKnownWhenNobodySaidHowItEnded) {
     EXPECT_EQ("2,000.00", Yuan(engine->FundsNow().holding_profit));
 }
 
+TEST_F(EngineDay, CountsEveryDayThatNobodyToldTheEndOf) {
+    Buy(1).At(300.00);
+    day = 20260107;
+    EndDay(20260108, {{kGold, 300.00}});
+    EXPECT_EQ("180.00", Yuan(state().ledger.deferred));
+}
+
+TEST_F(EngineDay, TakesNoSettlementThatIsNoPrice) {
+    Buy(1).At(300.00);
+    for (const Price odd : {Price{-1}, Price{0}, kHighestPrice + 1}) {
+        DayEnd end;
+        end.trading_day = day;
+        end.next_trading_day = ++day;
+        end.settlements = {{kGold, odd}, {"unknown", odd}};
+        engine->OnDayEnd(end);
+        Note();
+        EXPECT_EQ(PriceFromYuan(300.00), Lots()[0].hold_price);
+        EXPECT_FALSE(state().settlements.contains(kGold));
+    }
+}
+
 TEST_F(EngineDay, MarksAContractWithoutSettlementAtItsLastPrice) {
     Buy(1).At(300.00);
     Feed().Last(298.00);
