@@ -1,5 +1,6 @@
 #include "lists/export_file_rules.h"
 
+#include <cstdio>
 #include <string>
 
 #include "platform/system.h"
@@ -22,13 +23,15 @@ std::string NameBeside(const std::string& path) {
     return "";
 }
 
-bool WriteAndClose(std::FILE* file, const std::function<bool(std::FILE*)>& write) {
-    const bool written = write(file);
+bool WriteAndClose(std::FILE* file, const ExportWriter& write) {
+    const bool written = write([file](std::string_view bytes) {
+        return std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    });
     // What the library still holds goes out now, and may find the disk full.
     return std::fclose(file) == 0 && written;
 }
 
-ExportResult WriteInPlace(const char* path, const std::function<bool(std::FILE*)>& write) {
+ExportResult WriteInPlace(const char* path, const ExportWriter& write) {
     std::FILE* const file = text::OpenFile(path, "wb");
     if (file == nullptr) return ExportResult::kRefused;
     return WriteAndClose(file, write) ? ExportResult::kWritten : ExportResult::kBroken;
@@ -36,7 +39,7 @@ ExportResult WriteInPlace(const char* path, const std::function<bool(std::FILE*)
 
 }  // namespace
 
-ExportResult WriteExport(const char* path, const std::function<bool(std::FILE*)>& write) {
+ExportResult WriteExport(const char* path, const ExportWriter& write) {
     const std::string draft = NameBeside(path);
     std::FILE* const file = text::OpenFile(draft.c_str(), "wb");
     if (file == nullptr) return WriteInPlace(path, write);
@@ -48,10 +51,4 @@ ExportResult WriteExport(const char* path, const std::function<bool(std::FILE*)>
     }
     if (result != ExportResult::kWritten) ::DeleteFileA(draft.c_str());
     return result;
-}
-
-ExportResult WriteExport(const char* path, std::string_view content) {
-    return WriteExport(path, [content](std::FILE* file) {
-        return std::fwrite(content.data(), 1, content.size(), file) == content.size();
-    });
 }

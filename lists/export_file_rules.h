@@ -1,8 +1,11 @@
 #pragma once
 
-#include <cstdio>
 #include <functional>
 #include <string_view>
+
+/// Takes the next bytes of a file and answers whether they found room.
+using ExportSink = std::function<bool(std::string_view)>;
+using ExportWriter = std::function<bool(const ExportSink& sink)>;
 
 /// What became of a file.
 enum class ExportResult {
@@ -13,8 +16,5 @@ enum class ExportResult {
 
 /// Writes the file of a path in GBK. It is written beside its place and takes it when it is whole,
 /// so that a full disk leaves the former one; where that can't be done it is written in place.
-/// `write` answers whether everything went out.
-ExportResult WriteExport(const char* path, const std::function<bool(std::FILE*)>& write);
-
-/// The same with the bytes of `content`.
-ExportResult WriteExport(const char* path, std::string_view content);
+/// `write` hands the bytes to a sink and answers whether all found room.
+ExportResult WriteExport(const char* path, const ExportWriter& write);

@@ -1,7 +1,9 @@
 #include "lists/export_trade_rules.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string_view>
+#include <vector>
 
 #include "lists/trade_cell_rules.h"
 #include "orderentry/contract_rules.h"
@@ -9,29 +11,104 @@
 
 namespace {
 
-/// Enough for most lines, so that the text need not grow.
-constexpr std::size_t kUsualLine = 128;
+char WithoutSeparator(char byte) { return byte == ',' || byte == '\n' ? ' ' : byte; }
 
-/// Trades in a row often share their contract: it is looked up once for them.
-class ContractOfTrade {
+/// The contracts of the trades so far; there are few of them.
+class ContractsOfTrades {
 public:
-    explicit ContractOfTrade(const ContractSource* contracts) : contracts_(contracts) {}
+    explicit ContractsOfTrades(const ContractSource* source) : source_(source) {}
 
     const CZebContract* operator()(const CZebTrade& trade) {
+        if (source_ == nullptr) return nullptr;
         const std::string_view code = text::FieldText(trade.szContract);
-        if (contracts_ == nullptr || (asked_ && code == code_)) return contract_;
-        asked_ = true;
-        code_ = code;
-        contract_ = contracts_->FindContractByCode(code_.c_str());
-        return contract_;
+        for (const Known& known : known_) {
+            if (known.code == code) return known.contract;
+        }
+        known_.push_back({std::string(code), nullptr});
+        known_.back().contract = source_->FindContractByCode(known_.back().code.c_str());
+        return known_.back().contract;
     }
 
 private:
-    const ContractSource* contracts_;
-    bool asked_ = false;
-    std::string code_;
-    const CZebContract* contract_ = nullptr;
+    struct Known {
+        std::string code;
+        const CZebContract* contract;
+    };
+
+    const ContractSource* source_;
+    std::vector<Known> known_;
 };
+
+/// Collects cells and hands them on in blocks that stay in the processor's cache.
+class CellWriter {
+public:
+    explicit CellWriter(const ExportSink& sink) : sink_(sink) {}
+
+    void Cell(std::string_view text) {
+        PutText(text);
+        Put(',');
+    }
+    /// Between tabs a spreadsheet takes a number for a text and keeps all its digits.
+    void TabbedCell(std::string_view text) {
+        Put('\t');
+        PutText(text);
+        Put('\t');
+        Put(',');
+    }
+    void EndLine() { Put('\n'); }
+    /// Answers whether the sink has taken all.
+    bool End() {
+        Flush();
+        return taken_;
+    }
+
+private:
+    void Put(char byte) {
+        if (end_ == buffer_ + sizeof buffer_) Flush();
+        *end_++ = byte;
+    }
+    void PutText(std::string_view text) {
+        for (std::size_t room = Room(); text.size() > room; room = Room()) {
+            PutText(text.substr(0, room));
+            text.remove_prefix(room);
+            Flush();
+        }
+        end_ = std::transform(text.begin(), text.end(), end_, WithoutSeparator);
+    }
+    std::size_t Room() const { return static_cast<std::size_t>(buffer_ + sizeof buffer_ - end_); }
+    void Flush() {
+        taken_ = taken_ && sink_({buffer_, static_cast<std::size_t>(end_ - buffer_)});
+        end_ = buffer_;
+    }
+
+    const ExportSink& sink_;
+    bool taken_ = true;
+    char buffer_[0x8000];
+    char* end_ = buffer_;
+};
+
+/// Has the processor fetch a record whose turn comes soon: the records lie far apart.
+void Prefetch(const CZebTrade& trade) {
+    constexpr std::size_t kCacheLine = 64;
+    const auto* const bytes = reinterpret_cast<const char*>(&trade);
+    for (std::size_t at = 0; at < offsetof(CZebTrade, reserved320); at += kCacheLine) {
+        __builtin_prefetch(bytes + at);
+    }
+}
+
+void WriteTrade(CellWriter& line, const CZebTrade& trade, int columns,
+                const CZebContract* contract) {
+    TradeTextRoom room;
+    for (int column = 0; column < columns; ++column) {
+        const std::string_view text = TradeText(trade, column, contract, room);
+        if (column == kTradeNumberColumn) {
+            line.TabbedCell(text);
+        } else {
+            line.Cell(text);
+        }
+    }
+    line.EndLine();
+}
 
 }  // namespace
 
@@ -41,35 +118,16 @@ std::string ExportName(int year, int month, int day) {
     return name;
 }
 
-void AppendExportCell(std::string& line, std::string_view text) {
-    const std::size_t start = line.size();
-    line += text;
-    std::replace_if(
-        line.begin() + static_cast<std::ptrdiff_t>(start), line.end(),
-        [](char byte) { return byte == ',' || byte == '\n'; }, ' ');
-    line += ',';
-}
-
-std::string TradeExport(std::span<const char* const> titles, std::span<const CZebTrade> trades,
-                        const ContractSource* contracts) {
-    std::string content;
-    content.reserve((trades.size() + 1) * kUsualLine);
-    for (const char* const title : titles) AppendExportCell(content, title);
-    content += '\n';
-    ContractOfTrade contract_of(contracts);
-    TradeTextRoom room;
-    for (const CZebTrade& trade : trades) {
-        const CZebContract* const contract = contract_of(trade);
-        for (int column = 0; column < static_cast<int>(titles.size()); ++column) {
-            const std::string_view text = TradeText(trade, column, contract, room);
-            if (column == kTradeNumberColumn) {
-                // Between tabs a spreadsheet takes the number for a text and keeps all its digits.
-                AppendExportCell(content, '\t' + std::string(text) + '\t');
-            } else {
-                AppendExportCell(content, text);
-            }
-        }
-        content += '\n';
+bool WriteTradeExport(std::span<const char* const> titles, std::span<const CZebTrade> trades,
+                      const ContractSource* contracts, const ExportSink& sink) {
+    constexpr std::size_t kAhead = 4;
+    CellWriter line(sink);
+    for (const char* const title : titles) line.Cell(title);
+    line.EndLine();
+    ContractsOfTrades contract_of(contracts);
+    for (std::size_t i = 0; i < trades.size(); ++i) {
+        if (i + kAhead < trades.size()) Prefetch(trades[i + kAhead]);
+        WriteTrade(line, trades[i], static_cast<int>(titles.size()), contract_of(trades[i]));
     }
-    return content;
+    return line.End();
 }

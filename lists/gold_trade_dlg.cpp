@@ -111,8 +111,10 @@ void CGoldTradeDlg::Export() {
 void CGoldTradeDlg::Write(const std::string& path) {
     std::vector<const char*> titles;
     for (const ListColumn& column : m_list.m_columns) titles.push_back(column.szTitle);
-    if (WriteExport(path.c_str(), TradeExport(titles, Trades(), m_pContracts)) ==
-        ExportResult::kBroken) {
+    const auto write = [&](const ExportSink& sink) {
+        return WriteTradeExport(titles, Trades(), m_pContracts, sink);
+    };
+    if (WriteExport(path.c_str(), write) == ExportResult::kBroken) {
         CUICallBack* const core = GetUICallBack();
         if (core != nullptr) core->ShowStatusText("成交报表没有写完", kStatusPlain);
     }

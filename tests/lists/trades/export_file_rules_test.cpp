@@ -21,9 +21,13 @@ int FilesIn(const TempFolder& folder) {
 }
 
 /// A disk that is full after the first bytes.
-bool WriteHalf(std::FILE* file) {
-    std::fputs("half", file);
+bool WriteHalf(const ExportSink& sink) {
+    EXPECT_TRUE(sink("half"));
     return false;
+}
+
+ExportResult Write(const char* path, std::string_view content) {
+    return WriteExport(path, [content](const ExportSink& sink) { return sink(content); });
 }
 
 /// A name so long that no other is to be had beside it.
@@ -33,9 +37,9 @@ std::u8string LongNameOfFile() { return std::u8string(250, u8'x'); }
 
 TEST(ExportFile, ReplacesTheFormerFile) {
     const TempFolder folder;
-    EXPECT_EQ(ExportResult::kWritten, WriteExport("成交.csv", "one,\n"));
+    EXPECT_EQ(ExportResult::kWritten, Write("成交.csv", "one,\n"));
     EXPECT_EQ("one,\n", folder.Read(u8"成交.csv"));
-    EXPECT_EQ(ExportResult::kWritten, WriteExport(".\\成交.CSV", ""));
+    EXPECT_EQ(ExportResult::kWritten, Write(".\\成交.CSV", ""));
     EXPECT_EQ("", folder.Read(u8"成交.csv"));
     EXPECT_EQ(1, FilesIn(folder));
 }
@@ -52,7 +56,7 @@ TEST(ExportFile, LeavesTheFormerFileOnAFullDisk) {
 TEST(ExportFile, TakesNoOtherFileForItsDraft) {
     const TempFolder folder;
     folder.Write(u8"a.csv.part1", "mine");
-    EXPECT_EQ(ExportResult::kWritten, WriteExport("a.csv", "new"));
+    EXPECT_EQ(ExportResult::kWritten, Write("a.csv", "new"));
     EXPECT_EQ("new", folder.Read(u8"a.csv"));
     EXPECT_EQ("mine", folder.Read(u8"a.csv.part1"));
     EXPECT_EQ(2, FilesIn(folder));
@@ -60,7 +64,7 @@ TEST(ExportFile, TakesNoOtherFileForItsDraft) {
 
 TEST(ExportFile, IsWrittenInPlaceWhereThereIsNoRoomForADraft) {
     const TempFolder folder;
-    EXPECT_EQ(ExportResult::kWritten, WriteExport(LongName().c_str(), "new"));
+    EXPECT_EQ(ExportResult::kWritten, Write(LongName().c_str(), "new"));
     EXPECT_EQ("new", folder.Read(LongNameOfFile()));
     EXPECT_EQ(ExportResult::kBroken, WriteExport(LongName().c_str(), WriteHalf));
     EXPECT_EQ("half", folder.Read(LongNameOfFile()));
@@ -74,7 +78,7 @@ TEST(ExportFile, RefusesWhatIsNoFileToWrite) {
     using std::filesystem::perms;
     std::filesystem::permissions("kept.csv", perms::owner_read | perms::group_read);
     for (const char* const path : {"", "none\\x.csv", "folder", "a|b.csv", "kept.csv"}) {
-        EXPECT_EQ(ExportResult::kRefused, WriteExport(path, "new")) << path;
+        EXPECT_EQ(ExportResult::kRefused, Write(path, "new")) << path;
     }
     EXPECT_EQ("old", folder.Read(u8"kept.csv"));
     EXPECT_EQ(2, FilesIn(folder));

@@ -22,6 +22,16 @@ TradedContracts Contracts() {
     return contracts;
 }
 
+std::string TradeExport(std::span<const char* const> titles, std::span<const CZebTrade> trades,
+                        const ContractSource* contracts) {
+    std::string content;
+    EXPECT_TRUE(WriteTradeExport(titles, trades, contracts, [&content](std::string_view bytes) {
+        content += bytes;
+        return true;
+    }));
+    return content;
+}
+
 TEST(TradeExport, WritesALineForEachTrade) {
     CZebTrade spot = MakeTrade("0815", "", "Au99.99");
     spot.cDirection = '1';
@@ -70,6 +80,16 @@ TEST(TradeExport, HoldsTenThousandTrades) {
     EXPECT_EQ(10'001 * 8, std::count(file.begin(), file.end(), ','));
     constexpr std::string_view kLast = ",-9999,7,\t9999\t,\n";
     EXPECT_TRUE(file.ends_with(kLast));
+}
+
+TEST(TradeExport, AsksNoMoreOnceSomethingFoundNoRoom) {
+    const std::vector<CZebTrade> trades(10'000, MakeTrade("1"));
+    for (const int room : {0, 1, 3}) {
+        int asked = 0;
+        EXPECT_FALSE(WriteTradeExport(kTitles, trades, nullptr,
+                                      [&](std::string_view) { return asked++ < room; }));
+        EXPECT_EQ(room + 1, asked);
+    }
 }
 
 TEST(TradeExport, NamesItsFileByTheDay) {
