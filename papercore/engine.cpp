@@ -28,7 +28,8 @@ Engine::Engine(const TermsTable& terms, const EngineSettings& settings, State st
         stop_settings_ = ReadStopSettings(std::bit_cast<CTradeParam>(state_.trade_param));
     }
     for (const auto& [id, order] : state_.orders) {
-        if (!order.IsWorking()) continue;
+        // An order whose contract is in the terms no more waits for its cancellation.
+        if (!order.IsWorking() || !TermsToday(order.contract)) continue;
         matcher_.Add(order);
         if (order.session == kCoreSession) stop_orders_.push_back(id);
     }

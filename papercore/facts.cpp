@@ -9,6 +9,8 @@ namespace {
 /// No account comes near these; a damaged file may, and its sums must not wrap.
 constexpr Fen kMostMoney = 10'000'000'000'000'000;
 constexpr std::int64_t kMostLots = 1'000'000'000;
+constexpr std::int32_t kMostNumber = 2'000'000'000;
+constexpr TradeId kMostTrades = 1'000'000'000'000'000;
 
 bool IsMoney(Fen amount) { return amount >= -kMostMoney && amount <= kMostMoney; }
 bool IsCharge(Fen amount) { return amount >= 0 && amount <= kMostMoney; }
@@ -65,7 +67,7 @@ bool Do(State& state, const PasswordChanged& fact) {
 }
 
 bool Do(State& state, const SessionOpened& fact) {
-    if (fact.session <= state.sessions) return false;
+    if (fact.session <= state.sessions || fact.session > kMostNumber) return false;
     state.sessions = fact.session;
     return true;
 }
@@ -102,7 +104,8 @@ bool CanFreeze(State& state, const Order& order) {
 
 bool Do(State& state, const OrderAccepted& fact) {
     const Order& order = fact.order;
-    if (order.id <= state.last_order || !order.IsWorking()) return false;
+    if (order.id <= state.last_order || order.id > kMostNumber) return false;
+    if (!order.IsWorking()) return false;
     if (!IsVolume(order.volume) || order.filled != 0) return false;
     if (!IsCharge(order.frozen_margin) || !IsCharge(order.frozen_fee)) return false;
     if (!CanFreeze(state, order)) return false;
@@ -152,8 +155,8 @@ bool CanClose(State& state, const Order& order, const OrderFilled& fact) {
 }
 
 bool CanOpen(const State& state, const Order& order, const Lot& lot) {
-    return lot.id > state.last_lot && IsVolume(lot.volume) && lot.volume <= order.opening &&
-           lot.frozen == 0 && IsCharge(lot.margin);
+    return lot.id > state.last_lot && lot.id <= kMostNumber && IsVolume(lot.volume) &&
+           lot.volume <= order.opening && lot.frozen == 0 && IsCharge(lot.margin);
 }
 
 bool CanFill(State& state, const Order& order, const OrderFilled& fact) {
@@ -162,7 +165,8 @@ bool CanFill(State& state, const Order& order, const OrderFilled& fact) {
     if (!IsCharge(fact.fee)) return false;
     TradeId last = state.last_trade;
     for (const Trade& trade : fact.trades) {
-        if (trade.id <= last || !IsMoney(trade.fee) || !IsMoney(trade.realised)) return false;
+        if (trade.id <= last || trade.id > kMostTrades) return false;
+        if (!IsMoney(trade.fee) || !IsMoney(trade.realised)) return false;
         last = trade.id;
     }
     if (fact.opened.id != 0 && !CanOpen(state, order, fact.opened)) return false;

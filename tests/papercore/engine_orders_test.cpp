@@ -123,6 +123,37 @@ TEST_F(EngineOrders, TakesLimitOrdersOnlyInTheAuction) {
     ExpectWorking(1);
 }
 
+TEST_F(EngineOrders, FillAfterTheAuctionAtItsPriceAndPayForThat) {
+    Feed(kGold).Phase(MarketPhase::kAuction).NoAsk().NoBid();
+    Buy(2).At(301.00);
+    Sell(3).At(299.00);
+    Feed(kGold).Phase(MarketPhase::kContinuous).Bid(299.99, 9).Ask(300.01, 9).Trade(300.00, 50);
+    ExpectFilled(2, 1);
+    ExpectFilled(3, 2);
+    for (const Trade& trade : state().trades) EXPECT_EQ(PriceFromYuan(300.00), trade.price);
+    EXPECT_EQ("240,000.00", Yuan(engine->FundsNow().margin));
+    EXPECT_EQ(0, engine->FundsNow().frozen);
+}
+
+TEST_F(EngineOrders, NeverTradeWithEachOther) {
+    Feed(kGold).Bid(299.90, 5).Ask(300.10, 5);
+    Buy(2).At(300.00);
+    Sell(2).At(300.00);
+    ExpectWorking(2, 1);
+    ExpectWorking(2, 2);
+}
+
+TEST_F(EngineOrders, WaitWhereTheMarketIsLockedAtItsLimit) {
+    Feed(kGold).Bid(345.00, 90).NoAsk().Last(345.00);
+    Buy(2).At(345.00);
+    ExpectWorking(2);
+    Buy(1).AtMarket();
+    ExpectRefused("对手方没有报价，市价委托不能成交");
+    Sell(1).AtMarket();
+    ExpectFilled(1);
+    EXPECT_EQ(PriceFromYuan(345.00), state().trades.back().price);
+}
+
 TEST_F(EngineOrders, ResolvesPriceWordsForEachSideAsTheyArrive) {
     Feed(kGold).Bid(299.95, 5).Ask(300.05, 3).Last(300.01);
     const struct {
@@ -351,6 +382,24 @@ TEST_F(EngineOrders, GoOnAfterARestart) {
     ExpectFilled(5, 1);
     Buy(1).At(299.90);
     EXPECT_LT(last, LastOrder());
+}
+
+TEST_F(EngineOrders, RestWhereTheirContractIsNoneAnyMore) {
+    Buy(5).At(300.00);
+    const TermsTable nothing;
+    Engine left(nothing, settings, state());
+    left.OnQuote(quotes[kGold]);
+    Quote through = quotes[kGold];
+    through.ask[0].price = PriceFromYuan(290.00);
+    left.OnQuote(through);
+    EXPECT_EQ(2, left.Kept().orders.at(1).Remaining());
+    OrderRequest request;
+    request.contract = kGold;
+    request.volume = 1;
+    EXPECT_GBK_EQ("合约不存在：Au(T+D)", left.Insert(request, now).text);
+    EXPECT_EQ(0, left.Cancel(1, now).code);
+    left.OnDayEnd({now, day, day + 1, {{kGold, PriceFromYuan(300.00)}}});
+    EXPECT_EQ("", left.BrokenInvariant());
 }
 
 TEST_F(EngineOrders, RefuseAnotherAccountsLogin) {
