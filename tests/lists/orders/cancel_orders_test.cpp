@@ -108,7 +108,7 @@ TEST_F(CancelOrders, WithAQuestionOfYesAndNoAndNothingElse) {
             EXPECT_EQ(::GetDlgItem(box, IDYES), ::GetFocus());
             for (HWND part = ::GetWindow(box, GW_CHILD); part != nullptr;
                  part = ::GetWindow(part, GW_HWNDNEXT)) {
-                ++parts;
+                if (::IsWindowVisible(part)) ++parts;
             }
         });
         AnswerNextBox(IDNO);
