@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-namespace papercore_test {
+namespace papercore_tests {
 
 using papercore::Price;
 using papercore::Quote;
@@ -154,4 +154,4 @@ void Crowd::Enter(const papercore::Fact& fact) {
     }
 }
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

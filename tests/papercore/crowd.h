@@ -6,7 +6,7 @@
 
 #include "papercore/engine.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 
 /// An account that always has 1,000 working orders around the market and 100 watched lots. Told
 /// quotes, it trades without any luck of its own: the same quotes give the same account.
@@ -52,4 +52,4 @@ private:
     int next_ = 0;
 };
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

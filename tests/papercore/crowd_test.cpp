@@ -6,7 +6,7 @@
 
 #include "tests/papercore/quote_maker.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::Price;
@@ -76,4 +76,4 @@ TEST(Crowd, AFullBookOfOrdersAndStopsKeepsItsSumsAndRepeatsItself) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests

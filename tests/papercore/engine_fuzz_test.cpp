@@ -1,28 +1,25 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <string>
 
 #include "papercore/engine.h"
 #include "tests/papercore/quote_maker.h"
+#include "tests/papercore/random_choices.h"
 
 // Any bytes in every field of what reaches the engine: it refuses or does, and its sums hold.
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::Engine;
 using papercore::Price;
 using papercore::Quote;
 
-/// Longer runs: PAPERCORE_STREAMS=100000.
-int Streams(int usual) {
-    const char* asked = std::getenv("PAPERCORE_STREAMS");
-    return asked != nullptr ? std::atoi(asked) : usual;
-}
+/// More streams than a test run takes: PAPERCORE_STREAMS.
+std::int64_t Streams(std::int64_t usual) { return Setting("PAPERCORE_STREAMS", usual); }
 
 papercore::TermsTable TwoContracts() {
     papercore::TermsTable table;
@@ -221,7 +218,7 @@ private:
 TEST(EngineFuzz, RequestsWithAnyBytesAreDoneOrRefusedAndTheSumsHold) {
     std::size_t trades = 0;
     std::size_t orders = 0;
-    for (int seed = 0; seed < Streams(150); ++seed) {
+    for (std::int64_t seed = 0; seed < Streams(150); ++seed) {
         Fuzz fuzz(static_cast<unsigned>(seed), false);
         for (int step = 0; step < 200 && !HasFatalFailure(); ++step) fuzz.Step();
         ASSERT_FALSE(HasFatalFailure()) << "seed " << seed;
@@ -233,7 +230,7 @@ TEST(EngineFuzz, RequestsWithAnyBytesAreDoneOrRefusedAndTheSumsHold) {
 }
 
 TEST(EngineFuzz, QuotesWithAnyNumbersBreakNothing) {
-    for (int seed = 0; seed < Streams(150); ++seed) {
+    for (std::int64_t seed = 0; seed < Streams(150); ++seed) {
         Fuzz fuzz(static_cast<unsigned>(seed) + 500'000, true);
         for (int step = 0; step < 200 && !HasFatalFailure(); ++step) fuzz.Step();
         ASSERT_FALSE(HasFatalFailure()) << "seed " << seed;
@@ -241,4 +238,4 @@ TEST(EngineFuzz, QuotesWithAnyNumbersBreakNothing) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests

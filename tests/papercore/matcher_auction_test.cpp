@@ -3,7 +3,7 @@
 #include "papercore/auction.h"
 #include "tests/papercore/matcher_table.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::Interest;
@@ -116,4 +116,4 @@ TEST(MatcherAuction, AnOrderThatWasCancelledInTheAuctionIsNotUncrossed) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests

@@ -2,7 +2,7 @@
 
 #include "tests/papercore/matcher_table.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::OrderKind;
@@ -358,4 +358,4 @@ TEST(MatcherRules, NonsenseInAQuoteIsPassedOver) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests

@@ -1,16 +1,16 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <random>
 
 #include "tests/papercore/matcher_table.h"
+#include "tests/papercore/random_choices.h"
 #include "tests/papercore/slow_matcher.h"
 
 // Random streams of updates, orders and cancels: the matcher against the plainest one, and what has
 // to hold whatever comes.
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::Fill;
@@ -24,11 +24,8 @@ using papercore::Quote;
 using papercore::ShrinkRule;
 using papercore::Side;
 
-/// More streams than a test run takes: PAPERCORE_STREAMS=100000.
-int Streams(int usual) {
-    const char* asked = std::getenv("PAPERCORE_STREAMS");
-    return asked != nullptr ? std::atoi(asked) : usual;
-}
+/// More streams than a test run takes: PAPERCORE_STREAMS.
+std::int64_t Streams(std::int64_t usual) { return Setting("PAPERCORE_STREAMS", usual); }
 
 constexpr Price kTick = 100;
 
@@ -139,7 +136,7 @@ bool AgreesOn(unsigned seed) {
 }
 
 TEST(MatcherStreams, TheIndexedMatcherDoesWhatThePlainestOneDoes) {
-    for (int seed = 0; seed < Streams(1500); ++seed) {
+    for (std::int64_t seed = 0; seed < Streams(1500); ++seed) {
         if (!AgreesOn(static_cast<unsigned>(seed))) return;
     }
 }
@@ -181,7 +178,7 @@ private:
 };
 
 TEST(MatcherStreams, NoFillIsLargerWorseOrLaterThanItsOrderAllows) {
-    for (int seed = 0; seed < Streams(500); ++seed) {
+    for (std::int64_t seed = 0; seed < Streams(500); ++seed) {
         Stream stream(static_cast<unsigned>(seed) + 1'000'000);
         Matcher matcher(stream.Rule());
         Promises promises;
@@ -208,7 +205,7 @@ TEST(MatcherStreams, NoFillIsLargerWorseOrLaterThanItsOrderAllows) {
 }
 
 TEST(MatcherStreams, OneLevelNeverGivesMoreThanItShows) {
-    for (int seed = 0; seed < Streams(500); ++seed) {
+    for (std::int64_t seed = 0; seed < Streams(500); ++seed) {
         Stream stream(static_cast<unsigned>(seed) + 2'000'000);
         Matcher matcher(stream.Rule());
         const Quote quote = stream.Next();
@@ -230,4 +227,4 @@ TEST(MatcherStreams, OneLevelNeverGivesMoreThanItShows) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests

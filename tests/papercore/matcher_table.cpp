@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-namespace papercore_test {
+namespace papercore_tests {
 
 std::string MatcherTable::Words(const std::vector<papercore::Fill>& fills) {
     std::string words;
@@ -27,4 +27,4 @@ std::string MatcherTable::Add(papercore::Side side, std::int64_t volume, double 
     return Words(matcher_.Add(order));
 }
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

@@ -7,7 +7,7 @@
 #include "papercore/matcher.h"
 #include "tests/papercore/quote_maker.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 
 /// A matcher and the orders of one contract, asked and answered in words: fills read as
 /// "1: 3@300.00", several with ", " between.
@@ -39,4 +39,4 @@ private:
     papercore::OrderId last_ = 0;
 };
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

@@ -6,7 +6,7 @@
 
 // Quotes in the words of the market.
 
-namespace papercore_test {
+namespace papercore_tests {
 
 inline papercore::Price Yuan(double price) { return papercore::PriceFromYuan(price); }
 
@@ -66,4 +66,4 @@ private:
     std::size_t asks_ = 0;
 };
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace papercore_test {
+namespace papercore_tests {
 
 using papercore::Fill;
 using papercore::Level;
@@ -217,4 +217,4 @@ std::vector<Fill> SlowMatcher::OnQuote(const Quote& quote) {
     return fills;
 }
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

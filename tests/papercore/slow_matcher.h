@@ -6,7 +6,7 @@
 
 #include "papercore/matcher.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 
 /// The rules of matching in their plainest form: one list of orders, every one of them looked at
 /// with every update. Continuous trading only.
@@ -60,4 +60,4 @@ private:
     std::int64_t credit_ = 0;
 };
 
-}  // namespace papercore_test
+}  // namespace papercore_tests

@@ -6,7 +6,7 @@
 #include "papercore/stops.h"
 #include "tests/papercore/quote_maker.h"
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::BaseMove;
@@ -395,4 +395,4 @@ TEST(StopSettingsOfTheAccount, NumbersAreClippedToWhatTheyCanMean) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests

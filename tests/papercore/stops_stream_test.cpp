@@ -11,7 +11,7 @@
 // The watch asks no lot while prices are calm; here every lot is asked with every update, rule by
 // rule from its whole history.
 
-namespace papercore_test {
+namespace papercore_tests {
 namespace {
 
 using papercore::Lot;
@@ -190,4 +190,4 @@ TEST(StopStreams, TheWatchMissesNothingThatAskingEveryLotWouldFind) {
 }
 
 }  // namespace
-}  // namespace papercore_test
+}  // namespace papercore_tests
