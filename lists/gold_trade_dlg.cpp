@@ -3,7 +3,6 @@
 #include "controls/page_ground.h"
 #include "lists/export_file_rules.h"
 #include "lists/export_trade_rules.h"
-#include "lists/list_columns.h"
 #include "lists/trade_cell_rules.h"
 #include "lists/trade_list_rules.h"
 #include "platform/text/bounded_text.h"
@@ -23,6 +22,8 @@ constexpr lists::Column kColumns[kTradeColumns] = {
     {"时间", 60},     {"合约", 60}, {"买卖", 60},   {"开平", 60},
     {"成交价格", 60}, {"数量", 60}, {"委托号", 60}, {"成交号", 150},
 };
+
+constexpr lists::WideColumn kNumberColumn{kTradeNumberColumn, kColumns[kTradeNumberColumn].width};
 
 constexpr char kFilter[] = "Chart Seperate Value (*.csv)|*.csv|All Files (*.*)|*.*||";
 
@@ -50,6 +51,7 @@ int CGoldTradeDlg::OnCreate(LPCREATESTRUCT create) {
     lists::MakeList(m_list, *this, kList, this);
     m_list.m_pfnDrawCell = DrawCell;
     lists::SetColumns(m_list, kColumns);
+    m_numberColumn = kNumberColumn;
     return 0;
 }
 
@@ -73,7 +75,9 @@ void CGoldTradeDlg::Refresh() {
     });
     m_trades.SetSize(came);
     SortTrades(Trades());
-    if (m_hWnd != nullptr) m_list.SetRowCount(m_trades.GetCount(), TRUE);
+    if (m_hWnd == nullptr) return;
+    m_list.SetRowCount(m_trades.GetCount(), TRUE);
+    lists::FitColumn(m_list, m_numberColumn);
 }
 
 std::span<CZebTrade> CGoldTradeDlg::Trades() {
@@ -124,7 +128,9 @@ void CGoldTradeDlg::OnSize(UINT type, int cx, int cy) {
     CDialog::OnSize(type, cx, cy);
     if (m_btnMode.m_hWnd != nullptr) m_btnMode.MoveWindow(0, 32, 21, cy - 34);
     if (m_btnExport.m_hWnd != nullptr) m_btnExport.MoveWindow(cx - 62, 5, 60, 20);
-    if (m_list.m_hWnd != nullptr) m_list.MoveWindow(26, 31, cx - 28, cy - 32);
+    if (m_list.m_hWnd == nullptr) return;
+    m_list.MoveWindow(26, 31, cx - 28, cy - 32);
+    lists::FitColumn(m_list, m_numberColumn);
 }
 
 BOOL CGoldTradeDlg::OnEraseBkgnd(CDC* dc) {

@@ -6,6 +6,7 @@
 #include "controls/bmp_button_no_pic.h"
 #include "controls/ower_draw_list_view.h"
 #include "controls/v_button.h"
+#include "lists/list_columns.h"
 #include "lists/scoped_lock.h"
 #include "orderentry/contract_rules.h"
 #include "platform/toolkit/toolkit.h"
@@ -51,6 +52,7 @@ private:
     const ContractSource* m_pContracts = nullptr;
     EArray<CZebTrade> m_trades{32};
     COwerDrawListView m_list;
+    lists::WideColumn m_numberColumn{};  ///< the last one
     CVButton m_btnMode;
     CBmpButtonNoPic m_btnExport;
 };

@@ -1,6 +1,7 @@
 #include "lists/pane_splitter.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -11,7 +12,7 @@ constexpr int kDividerWidth = 4;
 int CPaneSplitter::Room() const { return std::max(m_rect.Width() - kDividerWidth, 0); }
 
 int CPaneSplitter::LeftWidth() const {
-    const int width = static_cast<int>(Room() * m_dRatio + 0.5);
+    const int width = static_cast<int>(std::lround(Room() * m_dRatio));
     // A window too narrow for both is shared as it is.
     if (Room() < 2 * m_nLeast) return width;
     return std::clamp(width, m_nLeast, Room() - m_nLeast);

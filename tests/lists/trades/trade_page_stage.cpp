@@ -22,7 +22,7 @@ TradePage::TradePage() {
                     CRect(40, 40, 740, 340), nullptr, 0);
     page_.Connect(&contracts_);
     page_.Create(CGoldTradeDlg::IDD, &frame_);
-    page_.MoveWindow(0, 0, 700, 300);
+    page_.MoveWindow(0, 0, 598, 300);
     page_.ShowWindow(SW_SHOW);
     platform::testing::Pump();
     core_.ForgetCalls();

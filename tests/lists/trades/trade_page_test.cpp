@@ -47,6 +47,16 @@ TEST_F(TradePage, KeepsTextsOffTheLinesAndALongPriceWhole) {
     EXPECT_EQ(7 * 60 + 150 - 3, Cell(0, kTradeNumberColumn).rect.right);
 }
 
+TEST_F(TradePage, GivesItsLastColumnWhatIsLeftOfAWideList) {
+    auto& list = *static_cast<COwerDrawListView*>(page_.GetDlgItem(CGoldTradeDlg::kList));
+    page_.MoveWindow(0, 0, 580, 300);
+    EXPECT_EQ(150, list.GetColumnWidth(kTradeNumberColumn));
+    page_.MoveWindow(0, 0, 900, 300);
+    EXPECT_EQ(900 - 28 - 7 * 60 - 1, list.GetColumnWidth(kTradeNumberColumn));
+    page_.MoveWindow(0, 0, 580, 300);
+    EXPECT_EQ(150, list.GetColumnWidth(kTradeNumberColumn));
+}
+
 TEST_F(TradePage, PaintsTradesWhoseContractsAreNotLoadedYet) {
     contracts_.Clear();
     Show({MakeTrade("1", "1", "Au99.99")});
