@@ -1,0 +1,249 @@
+#include "host/market/market.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "host/market/civil_time.h"
+
+namespace market {
+namespace {
+
+using papercore::Instant;
+using papercore::Quote;
+
+constexpr std::size_t kMostTrades = 200;
+constexpr std::size_t kMostMinutes = 2000;
+/// Nobody wants to wait through a night: the clock leaps over what is longer.
+constexpr Instant kLongestPause = 10 * kMinute;
+constexpr Instant kEndOfTime = std::numeric_limits<Instant>::max() / 4;
+
+const char* PhaseText(papercore::MarketPhase phase) {
+    switch (phase) {
+        case papercore::MarketPhase::kAuction: return "集合竞价";
+        case papercore::MarketPhase::kContinuous: return "连续交易";
+        case papercore::MarketPhase::kClosed: break;
+    }
+    return "休市";
+}
+
+Instant BeginOfBar(Instant time, int minutes) {
+    const Instant length = minutes * kMinute;
+    return time - (time % length + length) % length;
+}
+
+void AddTo(Bar& bar, const Bar& more) {
+    bar.high = std::max(bar.high, more.high);
+    bar.low = std::min(bar.low, more.low);
+    bar.close = more.close;
+    bar.volume += more.volume;
+}
+
+}  // namespace
+
+Market::Market(std::unique_ptr<Source> source)
+    : source_(std::move(source)), now_(source_->Start()), day_(TradingDayOf(now_)) {
+    pending_ = source_->Next();
+    at_end_ = !pending_;
+}
+
+int Market::Subscribe(Subscriber subscriber) {
+    const std::lock_guard lock(mutex_);
+    subscribers_[next_subscription_] = std::make_shared<const Subscriber>(std::move(subscriber));
+    return next_subscription_++;
+}
+
+void Market::Unsubscribe(int subscription) {
+    const std::lock_guard lock(mutex_);
+    subscribers_.erase(subscription);
+}
+
+bool Market::TakeNext(Instant& until, Event& event) {
+    const std::lock_guard lock(mutex_);
+    if (!pending_ || TimeOf(*pending_) > until) {
+        now_ = std::max(now_, until);
+        return false;
+    }
+    event = std::move(*pending_);
+    pending_ = source_->Next();
+    at_end_ = !pending_;
+    now_ = std::max(now_, TimeOf(event));
+    if (pending_ && TimeOf(*pending_) - now_ > kLongestPause && until < kEndOfTime) {
+        until += TimeOf(*pending_) - now_;
+        now_ = TimeOf(*pending_);
+    }
+    return true;
+}
+
+void Market::Step(std::int64_t milliseconds) {
+    if (milliseconds < 1) return;
+    Instant until = Now() + std::min(milliseconds, kEndOfTime / 2);
+    for (Event event; TakeNext(until, event);) Tell(event);
+}
+
+std::size_t Market::Pass(std::int64_t milliseconds, std::size_t most_events) {
+    const double speed = Speed();
+    if (speed == 0 || milliseconds < 1) return 0;
+    Instant until = kEndOfTime;
+    if (speed > 0) {
+        const std::lock_guard lock(mutex_);
+        owed_ += static_cast<double>(milliseconds) * speed;
+        const double whole = std::floor(std::min(owed_, 1e15));
+        owed_ = std::min(owed_ - whole, 1.0);
+        until = now_ + static_cast<Instant>(whole);
+    }
+    std::size_t told = 0;
+    Event event;
+    // At maximum speed the clock stays at the last event, so an end of the file is no end of time.
+    while ((speed > 0 || (told < most_events && !AtEnd())) && TakeNext(until, event)) {
+        Tell(event);
+        ++told;
+    }
+    return told;
+}
+
+void Market::SetSpeed(double speed) {
+    const std::lock_guard lock(mutex_);
+    const bool known = speed == kMaximumSpeed || (speed > 0 && speed <= 1e6);
+    speed_ = known ? speed : 0;
+    owed_ = 0;
+}
+
+double Market::Speed() const {
+    const std::lock_guard lock(mutex_);
+    return speed_;
+}
+
+void Market::Publish(Quote quote) {
+    {
+        const std::lock_guard lock(mutex_);
+        quote.time = std::max(quote.time, now_);
+        now_ = quote.time;
+        if (quote.trading_day == 0) quote.trading_day = TradingDayOf(quote.time);
+    }
+    Tell(std::move(quote));
+}
+
+void Market::EndDay(papercore::DayEnd end) {
+    {
+        const std::lock_guard lock(mutex_);
+        end.time = std::max(end.time, now_);
+        now_ = end.time;
+        if (end.trading_day == 0) end.trading_day = day_;
+        if (end.next_trading_day == 0) end.next_trading_day = NextBusinessDay(end.trading_day);
+    }
+    Tell(std::move(end));
+}
+
+std::vector<std::shared_ptr<const Subscriber>> Market::Subscribers() const {
+    std::vector<std::shared_ptr<const Subscriber>> result;
+    for (const auto& [id, subscriber] : subscribers_) result.push_back(subscriber);
+    return result;
+}
+
+void Market::Tell(const Event& event) {
+    std::vector<std::shared_ptr<const Subscriber>> told;
+    const auto* quote = std::get_if<Quote>(&event);
+    {
+        const std::lock_guard lock(mutex_);
+        if (quote) {
+            Remember(*quote);
+        } else {
+            phase_ = papercore::MarketPhase::kClosed;
+            day_ = std::get<papercore::DayEnd>(event).next_trading_day;
+        }
+        told = Subscribers();
+    }
+    for (const auto& subscriber : told) {
+        if (quote && subscriber->on_quote) subscriber->on_quote(*quote);
+        if (!quote && subscriber->on_day_end) {
+            subscriber->on_day_end(std::get<papercore::DayEnd>(event));
+        }
+    }
+}
+
+void Market::Remember(const Quote& quote) {
+    Contract& contract = contracts_[quote.contract];
+    if (contract.last.trading_day != quote.trading_day) contract.minutes.clear();
+    contract.last = quote;
+    day_ = quote.trading_day;
+    phase_ = quote.phase;
+    if (quote.trade_volume <= 0 || quote.trade_price <= 0) return;
+    contract.trades.push_back({quote.time, quote.trade_price, quote.trade_volume});
+    if (contract.trades.size() > kMostTrades) contract.trades.pop_front();
+    const papercore::Price price = quote.trade_price;
+    const Bar bar{BeginOfBar(quote.time, 1), price, price, price, price, quote.trade_volume};
+    if (!contract.minutes.empty() && contract.minutes.back().time == bar.time) {
+        AddTo(contract.minutes.back(), bar);
+    } else {
+        contract.minutes.push_back(bar);
+    }
+    if (contract.minutes.size() > kMostMinutes) contract.minutes.pop_front();
+}
+
+Instant Market::Now() const {
+    const std::lock_guard lock(mutex_);
+    return now_;
+}
+
+papercore::Day Market::TradingDay() const {
+    const std::lock_guard lock(mutex_);
+    return day_;
+}
+
+papercore::MarketPhase Market::Phase() const {
+    const std::lock_guard lock(mutex_);
+    return phase_;
+}
+
+bool Market::AtEnd() const {
+    const std::lock_guard lock(mutex_);
+    return at_end_;
+}
+
+std::string Market::ClockText() const {
+    const std::lock_guard lock(mutex_);
+    return TimeText(now_) + " " + PhaseText(phase_);
+}
+
+std::optional<Quote> Market::Last(std::string_view contract) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = contracts_.find(contract);
+    if (found == contracts_.end()) return std::nullopt;
+    return found->second.last;
+}
+
+std::vector<Quote> Market::LastQuotes() const {
+    const std::lock_guard lock(mutex_);
+    std::vector<Quote> result;
+    for (const auto& [name, contract] : contracts_) result.push_back(contract.last);
+    return result;
+}
+
+std::vector<Trade> Market::RecentTrades(std::string_view contract) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = contracts_.find(contract);
+    if (found == contracts_.end()) return {};
+    return {found->second.trades.begin(), found->second.trades.end()};
+}
+
+std::vector<Bar> Market::Bars(std::string_view contract, int minutes) const {
+    const std::lock_guard lock(mutex_);
+    const auto found = contracts_.find(contract);
+    std::vector<Bar> result;
+    if (found == contracts_.end()) return result;
+    const int length = std::clamp(minutes, 1, 24 * 60);
+    for (const Bar& minute : found->second.minutes) {
+        const Instant begin = BeginOfBar(minute.time, length);
+        if (!result.empty() && result.back().time == begin) {
+            AddTo(result.back(), minute);
+        } else {
+            result.push_back(minute);
+            result.back().time = begin;
+        }
+    }
+    return result;
+}
+
+}  // namespace market

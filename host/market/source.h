@@ -1,0 +1,41 @@
+#pragma once
+
+#include <optional>
+#include <variant>
+
+#include "papercore/quote.h"
+
+namespace market {
+
+using Event = std::variant<papercore::Quote, papercore::DayEnd>;
+
+inline papercore::Instant TimeOf(const Event& event) {
+    return std::visit([](const auto& what) { return what.time; }, event);
+}
+
+/// Where quotes come from. Its events depend on its own input only, never on who asks and when.
+class Source {
+public:
+    Source() = default;
+    Source(const Source&) = delete;
+    Source& operator=(const Source&) = delete;
+    virtual ~Source() = default;
+
+    /// The next event; times never fall. None: nothing more comes.
+    virtual std::optional<Event> Next() = 0;
+    /// Where the market's clock stands before the first event.
+    virtual papercore::Instant Start() const = 0;
+};
+
+/// For quotes that are published by hand.
+class ManualSource : public Source {
+public:
+    explicit ManualSource(papercore::Instant start) : start_(start) {}
+    std::optional<Event> Next() override { return std::nullopt; }
+    papercore::Instant Start() const override { return start_; }
+
+private:
+    papercore::Instant start_;
+};
+
+}  // namespace market
