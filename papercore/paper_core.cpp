@@ -1,0 +1,332 @@
+#include "papercore/paper_core.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "papercore/records.h"
+#include "platform/text/bounded_text.h"
+#include "platform/text/gbk.h"
+
+// The thread, its queue, and what follows on an event.
+
+namespace papercore {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds kFundsPause(1000);
+
+bool IsBaseMove(const Fact& fact) { return std::holds_alternative<FloatBaseMoved>(fact); }
+
+/// What a record list shows: which of them a fact changes.
+struct Changes {
+    bool orders = false;
+    bool trades = false;
+    bool lots = false;
+    bool money = false;
+};
+
+struct FactChanges {
+    const State& state;  ///< before the fact
+    Changes& changes;
+
+    void operator()(const OrderAccepted& fact) const {
+        changes.orders = true;
+        changes.money = true;
+        changes.lots = changes.lots || !fact.order.closing.empty();
+    }
+    void operator()(const OrderEnded& fact) const {
+        changes.orders = true;
+        changes.money = true;
+        const auto order = state.orders.find(fact.order);
+        const bool froze = order != state.orders.end() && !order->second.closing.empty();
+        changes.lots = changes.lots || froze;
+    }
+    void operator()(const OrderBecameLimit&) const {
+        changes.orders = true;
+        changes.money = true;
+    }
+    void operator()(const OrderFilled&) const {
+        changes.orders = true;
+        changes.lots = true;
+        changes.money = true;
+    }
+    void operator()(const DaySettled&) const { changes = {true, true, true, true}; }
+    void operator()(const DayBegun&) const { changes = {true, true, true, true}; }
+    void operator()(const MoneyMoved&) const { changes.money = true; }
+    void operator()(const LotStopSet&) const { changes.lots = true; }
+    void operator()(const StopTriggered&) const { changes.lots = true; }
+    template <class Other>
+    void operator()(const Other&) const {}
+};
+
+/// What a fact has to tell: an order as it is after it, and trades.
+struct Told {
+    std::optional<CZebOrder> order;
+    std::vector<CZebTrade> trades;
+};
+
+struct FactWords {
+    const State& state;  ///< after the fact
+
+    std::optional<CZebOrder> Find(OrderId id) const {
+        const auto found = state.orders.find(id);
+        if (found == state.orders.end()) return std::nullopt;
+        return RecordOf(found->second);
+    }
+    Told operator()(const OrderAccepted& fact) const { return {Find(fact.order.id), {}}; }
+    Told operator()(const OrderEnded& fact) const { return {Find(fact.order), {}}; }
+    Told operator()(const OrderBecameLimit& fact) const { return {Find(fact.order), {}}; }
+    Told operator()(const OrderFilled& fact) const {
+        Told told{Find(fact.order), {}};
+        for (const Trade& trade : fact.trades) told.trades.push_back(RecordOf(trade));
+        return told;
+    }
+    template <class Other>
+    Told operator()(const Other&) const {
+        return {};
+    }
+};
+
+template <class Record>
+Shared<Record> Share(std::vector<Record> records) {
+    return std::make_shared<const std::vector<Record>>(std::move(records));
+}
+
+}  // namespace
+
+PaperCore::PaperCore(CoreParts parts, State state)
+    : parts_(std::move(parts)),
+      engine_(parts_.terms, parts_.settings, std::move(state)),
+      told_(engine_.Kept()) {
+    text::CopyText(account_.szAccount, told_.login.account);
+    Publish();
+}
+
+PaperCore::~PaperCore() { Stop({}); }
+
+void PaperCore::Start() {
+    if (!thread_.joinable()) thread_ = std::thread([this] { Run(); });
+}
+
+void PaperCore::Stop(const std::function<void()>& pump) {
+    if (!thread_.joinable()) return;
+    {
+        const std::scoped_lock lock(mutex_);
+        stopping_ = true;
+    }
+    wake_.notify_all();
+    while (!ended_) {
+        if (pump) pump();
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    thread_.join();
+}
+
+void PaperCore::Put(Event event) {
+    ++waiting_;
+    {
+        const std::scoped_lock lock(mutex_);
+        events_.push_back(std::move(event));
+    }
+    wake_.notify_one();
+}
+
+void PaperCore::Ask(std::function<void()> request) {
+    Put([this, request = std::move(request)] {
+        Pause();
+        request();
+        Finish();
+    });
+}
+
+void PaperCore::OnQuote(const Quote& quote) { Put(quote); }
+
+void PaperCore::OnDayEnd(const DayEnd& end) {
+    Put([this, end] {
+        now_ = end.time;
+        engine_.OnDayEnd(end);
+        Finish();
+    });
+}
+
+bool PaperCore::Take(Event& event) {
+    std::unique_lock lock(mutex_);
+    wake_.wait(lock, [this] { return stopping_ || !events_.empty(); });
+    // What was asked for before the end is still done, but nobody is told.
+    if (stopping_) {
+        logged_in_ = false;
+        front_end_ = nullptr;
+        waiting_ -= static_cast<int>(std::erase_if(
+            events_, [](const Event& waiting) { return std::holds_alternative<Quote>(waiting); }));
+    }
+    if (events_.empty()) return false;
+    event = std::move(events_.front());
+    events_.pop_front();
+    return true;
+}
+
+void PaperCore::Run() {
+    Event event;
+    while (Take(event)) {
+        Handle(event);
+        --waiting_;
+    }
+    if (!unkept_.empty()) static_cast<void>(parts_.store->Append(unkept_));
+    ended_ = true;
+}
+
+void PaperCore::Handle(const Event& event) {
+    if (const auto* request = std::get_if<std::function<void()>>(&event)) {
+        (*request)();
+        return;
+    }
+    const Quote& quote = std::get<Quote>(event);
+    if (!Fault().empty()) return;
+    now_ = quote.time;
+    engine_.OnQuote(quote);
+    Finish();
+    FollowPrices();
+}
+
+void PaperCore::Finish() {
+    std::vector<Fact> facts = engine_.TakeFacts();
+    if (facts.empty() || !Fault().empty()) return;
+    // A better price so far is worth no wait for the disk: nobody was told of it.
+    if (std::ranges::all_of(facts, IsBaseMove)) {
+        for (Fact& fact : facts) {
+            Apply(told_, fact);
+            unkept_.push_back(std::move(fact));
+        }
+        return;
+    }
+    std::vector<Fact> kept = std::exchange(unkept_, {});
+    kept.insert(kept.end(), facts.begin(), facts.end());
+    const std::string fault = parts_.store->Append(kept);
+    if (!fault.empty()) {
+        Break(fault);
+        return;
+    }
+    Tell(facts);
+}
+
+void PaperCore::Break(const std::string& fault) {
+    {
+        const std::scoped_lock lock(settings_mutex_);
+        fault_ = fault;
+        asked_ = {};
+    }
+    if (!front_end_) return;
+    const std::string notice = "账户文件无法写入，模拟交易已停止：" + text::GbkFromUtf8(fault);
+    front_end_->OnSystemNotice(Account(), notice.c_str());
+}
+
+std::string PaperCore::Fault() const {
+    const std::scoped_lock lock(settings_mutex_);
+    return fault_;
+}
+
+void PaperCore::Publish() {
+    const State& state = engine_.Kept();
+    Lists lists;
+    lists.contracts = Share(ContractRecords(parts_.terms, state.day));
+    lists.orders = Share(OrderRecords(state));
+    lists.trades = Share(TradeRecords(state));
+    lists.positions = Share(PositionRecords(state));
+    lists.lots = Share(LotRecords(state));
+    lists.funds = engine_.FundsNow();
+    published_.Set(std::move(lists));
+    const std::scoped_lock lock(settings_mutex_);
+    kept_.param = TradeParamOf(state);
+    kept_.presets = state.presets;
+    kept_.lot_stops.clear();
+    for (const auto& [id, lot] : state.lots) {
+        if (lot.has_stop) kept_.lot_stops[id] = lot.stop.record;
+    }
+}
+
+void PaperCore::Tell(const std::vector<Fact>& facts) {
+    Publish();
+    Changes changes;
+    std::vector<Told> words;
+    for (const Fact& fact : facts) {
+        std::visit(FactChanges{told_, changes}, fact);
+        Apply(told_, fact);
+        words.push_back(std::visit(FactWords{told_}, fact));
+    }
+    if (!Tells()) return;
+    for (Told& told : words) {
+        if (told.order) front_end_->OnOrderChange(Account(), &*told.order);
+        for (CZebTrade& trade : told.trades) front_end_->OnTrade(Account(), &trade);
+    }
+    if (changes.orders) front_end_->OnUpdateOrderList(Account());
+    if (changes.trades) front_end_->OnUpdateTradeList(Account());
+    if (changes.lots) {
+        front_end_->OnUpdatePositionList(Account());
+        front_end_->OnUpdatePositionGroupList(Account());
+    }
+    if (changes.money) PushAccount();
+}
+
+void PaperCore::PublishFunds(const Funds& funds) {
+    Lists lists = published_.Get();
+    lists.funds = funds;
+    published_.Set(std::move(lists));
+}
+
+// At most once a second: prices move far oftener.
+void PaperCore::FollowPrices() {
+    const Clock::time_point now = Clock::now();
+    if (engine_.Kept().lots.empty() || now - pushed_at_ < kFundsPause) return;
+    const Funds funds = engine_.FundsNow();
+    pushed_at_ = now;
+    if (funds.balance == pushed_funds_.balance && funds.available == pushed_funds_.available) {
+        return;
+    }
+    PublishFunds(funds);
+    if (Tells()) PushAccount();
+}
+
+void PaperCore::PushAccount() {
+    const auto summary = std::make_unique<CZebAccountSummary>();
+    pushed_funds_ = engine_.FundsNow();
+    pushed_at_ = Clock::now();
+    FillSummary(pushed_funds_, *summary);
+    front_end_->OnQueryAccountResult(Account(), Error({}), summary.get(), 0, StepDataMap());
+}
+
+CZebError* PaperCore::Error(const Answer& answer) {
+    error_ = {};
+    error_.nCode = answer.code;
+    text::CopyText(error_.szText, answer.text);
+    return &error_;
+}
+
+void PaperCore::Pause() {
+    const int delay = delay_;
+    if (delay <= 0) return;
+    std::unique_lock lock(mutex_);
+    wake_.wait_for(lock, std::chrono::milliseconds(delay), [this] { return stopping_; });
+}
+
+void PaperCore::Disconnect(int status) {
+    Put([this, status] {
+        if (!front_end_) return;
+        front_end_->OnNetworkStatus(Account(), ZEB_CONNECTION_TRADE,
+                                    static_cast<ZEB_CONNECTION_STATUS>(status));
+    });
+}
+
+void PaperCore::RefuseNext(const std::string& reason) {
+    Put([this, reason] { engine_.RefuseNext(reason); });
+}
+
+void PaperCore::Notice(const std::string& text) {
+    Put([this, text] {
+        if (front_end_) front_end_->OnSystemNotice(Account(), text.c_str());
+    });
+}
+
+void PaperCore::SetDelay(int millis) { delay_ = std::clamp(millis, 0, 60000); }
+
+}  // namespace papercore
