@@ -135,6 +135,19 @@ TEST_F(EngineOrders, FillAfterTheAuctionAtItsPriceAndPayForThat) {
     EXPECT_EQ(0, engine->FundsNow().frozen);
 }
 
+TEST_F(EngineOrders, HeedNoQuoteWithAPriceThatIsNone) {
+    Buy(5).At(300.00);
+    for (const Price odd : {Price{-100}, kHighestPrice + 100}) {
+        Quote broken = quotes[kGold];
+        broken.ask[0] = {PriceFromYuan(299.00), 50};
+        broken.bid[4].price = odd;
+        engine->OnQuote(broken);
+        Note();
+        EXPECT_EQ(PriceFromYuan(300.00), engine->LastQuote(kGold)->ask[0].price);
+        ExpectWorking(2);
+    }
+}
+
 TEST_F(EngineOrders, NeverTradeWithEachOther) {
     Feed(kGold).Bid(299.90, 5).Ask(300.10, 5);
     Buy(2).At(300.00);

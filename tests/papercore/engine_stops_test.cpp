@@ -109,8 +109,10 @@ TEST_F(EngineStops, ApplyThePresetToEachNewLot) {
     Buy(2).At(300.00);
     Sell(1).At(299.99);
     ASSERT_EQ(2U, Lots().size());
-    EXPECT_TRUE(Lots()[0].has_stop);
-    EXPECT_TRUE(Lots()[1].has_stop);
+    for (const Lot& lot : Lots()) {
+        EXPECT_TRUE(lot.has_stop);
+        EXPECT_EQ(lot.open_price, lot.stop.float_base);
+    }
     FallTo(299.90);
     ExpectPosition(Side::kBuy, 0, 0);
     ExpectPosition(Side::kSell, 1, 0);
@@ -123,6 +125,9 @@ TEST_F(EngineStops, AreTakenOffByARecordWithoutRules) {
     CPresetStop step_alone{};
     step_alone.dStopFloat = 2;
     SetStop(1, step_alone);
+    EXPECT_FALSE(Lots()[0].has_stop);
+    SetStop(1, LossOf(10));
+    SetStop(1, LossOf(0.00005));
     EXPECT_FALSE(Lots()[0].has_stop);
     FallTo(290.00);
     ExpectPosition(Side::kBuy, 1, 0);
@@ -261,6 +266,15 @@ TEST_F(EngineStops, EndWithTheirDayOrSleepUntilTheyAreWoken) {
     Note();
     FallTo(299.79);
     ExpectPosition(Side::kBuy, 1, 0);
+}
+
+TEST_F(EngineStops, AreWokenOnlyFromSleep) {
+    Param(1);
+    Buy(1).At(300.00);
+    SetStop(1, LossOf(10));
+    engine->WakeStops();
+    Note();
+    EXPECT_EQ(0, Facts<StopsWoken>());
 }
 
 TEST_F(EngineStops, SleepOnOverARestart) {

@@ -63,7 +63,9 @@ TEST(Funds, RoundLimitsInwardsToTheTick) {
     EXPECT_EQ(PriceFromYuan(5953.0), limits.lower);
     EXPECT_EQ(PriceFromYuan(8053.0), limits.upper);
     quote.upper_limit = PriceFromYuan(8000.0);
+    quote.lower_limit = PriceFromYuan(6000.0);
     EXPECT_EQ(PriceFromYuan(8000.0), LimitsOf(silver, quote).upper);
+    EXPECT_EQ(PriceFromYuan(6000.0), LimitsOf(silver, quote).lower);
 }
 
 TEST(Funds, CountCalendarDays) {
