@@ -178,9 +178,10 @@ TEST_F(CancelOrders, AsksForTheListOnceAWhileAfterTheLastCancel) {
     page_.CancelRow(1);
     PumpFor(kRefreshMillis - 100);
     page_.CancelAll();
-    PumpFor(kRefreshMillis - 100);
+    PumpFor(kRefreshMillis - 20);
+    page_.SendMessage(WM_TIMER, 2);  // none of the page's
     EXPECT_EQ(0U, Refreshes());
-    PumpFor(200);
+    PumpFor(100);
     EXPECT_EQ(1U, Refreshes());
     PumpFor(10 * kRefreshMillis);
     EXPECT_EQ(1U, Refreshes());
@@ -212,6 +213,16 @@ TEST_F(CancelOrders, AllThatAreThereWhenTheUserAnswers) {
     EXPECT_THAT(core_.CallsOf("CancelOrder"),
                 ElementsAre("CancelOrder(8, \"8\", \"WY：手动撤单\", 7)",
                             "CancelOrder(7, \"7\", \"WY：手动撤单\", 7)"));
+}
+
+TEST_F(CancelOrders, NoneOfAllWhenNoneIsLeftButAsksForTheListStill) {
+    Show({MakeOrder("9", '0')});
+    MeanwhileDo([this] { Show({MakeOrder("9", '3')}); });
+    AnswerNextBox(IDYES);
+    page_.CancelAll();
+    EXPECT_THAT(core_.Calls(), IsEmpty());
+    PumpFor(2 * kRefreshMillis);
+    EXPECT_THAT(core_.Calls(), ElementsAre("RefreshOrders()"));
 }
 
 TEST_F(CancelOrders, AllEvenIfTheCoreSendsAnotherListMeanwhile) {

@@ -98,6 +98,22 @@ TEST_F(OrderPage, KeepsTextsOffTheLines) {
     EXPECT_EQ(4 * 60 + 80 + 60 - 3, Cell(0, kOrderVolumeColumn).rect.right);
 }
 
+TEST_F(OrderPage, PaintsNoRowThatThereIsNot) {
+    Show({MakeOrder("9"), MakeOrder("8"), MakeOrder("7")});
+    Show({MakeOrder("9")});
+    const auto painted = [this](int row) {
+        const std::size_t before = platform::testing::SeenTexts(frame_).size();
+        RECT rect{0, 270, 60, 292};  // below the page
+        const CClientDC dc(&frame_);
+        List().m_pfnDrawCell(dc, row, 0, &rect, nullptr, &page_, List().m_pContext);
+        return platform::testing::SeenTexts(frame_).size() != before;
+    };
+    page_.MoveWindow(0, 0, 900, 200);
+    Pump();
+    for (const int row : {-1, 1, 2, 3}) EXPECT_FALSE(painted(row)) << row;
+    EXPECT_TRUE(painted(0));
+}
+
 TEST_F(OrderPage, PaintsOrdersWhoseContractsAreNotLoadedYet) {
     contracts_.Clear();
     Show({MakeOrder("1", '1', "Au99.99")});
@@ -224,12 +240,15 @@ TEST_F(OrderPage, FramesTheListWhereItStands) {
     }
 }
 
-TEST_F(OrderPage, ShowsItsButtonsOnlyWhereSomebodyAskedForThem) {
+TEST_F(OrderPage, DressesItsButtonsAndShowsThemWhereSomebodyAsked) {
+    core_.Omit({});
     CGoldOrderDlg plain;
     plain.Create(CGoldOrderDlg::IDD, &frame_);
     CGoldOrderDlg asked;
     asked.ShowToolbar(true);
     asked.Create(CGoldOrderDlg::IDD, &frame_);
+    EXPECT_THAT(core_.CallsOf("GetSkinBitmap"),
+                ElementsAre("GetSkinBitmap(0, 14)", "GetSkinBitmap(0, 14)"));
     for (CGoldOrderDlg* const page : {&plain, &asked}) {
         page->ShowWindow(SW_SHOW);
         for (const int id : {CGoldOrderDlg::kCancel, CGoldOrderDlg::kCancelAll}) {

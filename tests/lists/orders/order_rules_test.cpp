@@ -258,6 +258,16 @@ TEST(OrderList, PutsTheHighestNumberFirstAndKeepsTheCoresOrderElse) {
     EXPECT_EQ("825076134", times);
 }
 
+TEST(OrderList, ReadsNoFurtherThanTheReference) {
+    CZebOrder full{};
+    std::fill(std::begin(full.szOrderRef), std::end(full.szOrderRef), '0');
+    full.szOrderRef[sizeof full.szOrderRef - 1] = '5';
+    full.nVolume = 0x39393939;  // digits behind it
+    std::vector<CZebOrder> orders{full, OrderOf("7")};
+    SortOrders(orders);
+    EXPECT_STREQ("7", orders[0].szOrderRef);
+}
+
 TEST(OrderList, LeavesTheEndsOfRecordsWhereTheyAre) {
     std::vector<CZebOrder> orders;
     for (const char* ref : {"1", "2", "3"}) {
