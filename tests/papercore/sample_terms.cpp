@@ -3,75 +3,41 @@
 namespace papercore_tests {
 namespace {
 
-ContractTerms Gold() {
-    ContractTerms terms;
-    terms.exchange = "SGE";
-    terms.contract = kGold;
-    terms.market = "GT-F";
-    terms.unit = 1000;
-    terms.tick = 100;
-    terms.digits = 2;
-    terms.margin = 160'000;
-    terms.limit = 150'000;
-    terms.fee_open = terms.fee_close = terms.fee_close_today = 150;
-    terms.deferred = 200;
-    terms.deferred_direction = DeferredDirection::kLongPays;
-    terms.largest_order = 1000;
-    return terms;
-}
-
-ContractTerms Silver() {
-    ContractTerms terms = Gold();
-    terms.contract = kSilver;
-    terms.unit = 1;
-    terms.tick = 10'000;
-    terms.digits = 0;
-    terms.margin = 200'000;
-    terms.fee_open = 500;
-    terms.fee_close = 400;
-    terms.fee_close_today = 300;
-    terms.deferred = 175;
-    terms.deferred_direction = DeferredDirection::kShortPays;
-    return terms;
-}
-
-ContractTerms DearerSilver() {
-    ContractTerms terms = Silver();
-    terms.from = 20260201;
-    terms.margin = 250'000;
-    return terms;
-}
-
-ContractTerms Spot() {
-    ContractTerms terms = Gold();
-    terms.contract = kSpot;
-    terms.market = "GT-S";
-    terms.unit = 10;
-    terms.margin = 1'000'000;
-    terms.limit = 300'000;
-    terms.fee_open = terms.fee_close = terms.fee_close_today = 350;
-    terms.deferred = 0;
-    terms.deferred_direction = DeferredDirection::kNobodyPays;
-    return terms;
-}
-
-ContractTerms Mini() {
-    ContractTerms terms = Gold();
-    terms.contract = kMini;
-    terms.unit = 100;
-    terms.smallest_order = 3;
-    terms.largest_order = 20;
-    return terms;
-}
+constexpr char kFile[] = R"json({
+  "version": 1,
+  "session_tables": {"all": [{"phase": "continuous", "begin": "20:00", "end": "15:30"}]},
+  "contracts": [
+    {"contract": "Au(T+D)", "exchange": "SGE", "market": "GT-F", "sessions": "all",
+     "unit": 1000, "digits": 2, "tick": 0.01, "smallest_order": 1, "largest_order": 1000,
+     "margin_percent": 16, "limit_percent": 15,
+     "fee_open_percent": 0.015, "fee_close_percent": 0.015, "fee_close_today_percent": 0.015,
+     "deferred_percent": 0.02, "deferred_payer": "long"},
+    {"contract": "mAu(T+D)", "exchange": "SGE", "market": "GT-F", "sessions": "all",
+     "unit": 100, "digits": 2, "tick": 0.01, "smallest_order": 3, "largest_order": 20,
+     "margin_percent": 16, "limit_percent": 15,
+     "fee_open_percent": 0.015, "fee_close_percent": 0.015, "fee_close_today_percent": 0.015,
+     "deferred_percent": 0.02, "deferred_payer": "long"},
+    {"contract": "Ag(T+D)", "exchange": "SGE", "market": "GT-F", "sessions": "all",
+     "unit": 1, "digits": 0, "tick": 1, "smallest_order": 1, "largest_order": 1000,
+     "limit_percent": 15,
+     "fee_open_percent": 0.05, "fee_close_percent": 0.04, "fee_close_today_percent": 0.03,
+     "deferred_percent": 0.0175, "deferred_payer": "short",
+     "dated": [{"from": "2020-01-01", "margin_percent": 20},
+               {"from": "2026-02-01", "margin_percent": 25}]},
+    {"contract": "Au99.99", "exchange": "SGE", "market": "GT-S", "sessions": "all",
+     "unit": 10, "digits": 2, "tick": 0.01, "smallest_order": 1, "largest_order": 1000,
+     "margin_percent": 100, "limit_percent": 30,
+     "fee_open_percent": 0.035, "fee_close_percent": 0.035, "fee_close_today_percent": 0.035,
+     "deferred_percent": 0, "deferred_payer": "nobody"}
+  ]
+})json";
 
 }  // namespace
 
 const TermsTable& SampleTerms() {
     static const TermsTable table = [] {
         TermsTable rows;
-        for (const ContractTerms& row : {Gold(), Silver(), DearerSilver(), Spot(), Mini()}) {
-            rows.Add(row);
-        }
+        EXPECT_EQ("", rows.Parse(kFile));
         return rows;
     }();
     return table;
