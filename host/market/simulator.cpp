@@ -1,0 +1,205 @@
+#include "host/market/simulator.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "host/market/civil_time.h"
+
+namespace market {
+namespace {
+
+using papercore::Instant;
+using papercore::MarketPhase;
+using papercore::Price;
+using papercore::Quote;
+
+constexpr Instant kStep = 500;
+constexpr int kOpening = 33 * 60;
+constexpr int kFirstMinute = 18 * 60;
+constexpr int kLastMinute = 48 * 60;
+
+}  // namespace
+
+Simulator::Simulator(const papercore::TermsTable& terms, SimulatorOptions options)
+    : terms_(terms), options_(options), random_(options.seed) {
+    gold_.price = options_.gold;
+    silver_.price = options_.silver;
+    for (const std::string& name : terms_.Contracts()) {
+        Contract contract;
+        contract.quote.contract = name;
+        contract.silver = name.starts_with("Ag");
+        const Price base =
+            papercore::PriceFromYuan(contract.silver ? options_.silver : options_.gold);
+        contract.quote.previous_close = contract.quote.previous_settlement = base;
+        contracts_.push_back(contract);
+    }
+    BeginDay(options_.first_day);
+    time_ = Start();
+}
+
+Instant Simulator::Start() const { return MomentOf(options_.first_day, kOpening); }
+
+std::optional<Event> Simulator::Next() {
+    if (contracts_.empty()) return std::nullopt;
+    while (ready_.empty()) MakeTicks();
+    Event event = std::move(ready_.front());
+    ready_.pop_front();
+    return event;
+}
+
+double Simulator::Uniform() {
+    random_ += 0x9E3779B97F4A7C15ULL;
+    std::uint64_t mixed = random_;
+    mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9ULL;
+    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBULL;
+    mixed ^= mixed >> 31;
+    return static_cast<double>(mixed >> 11) / 9007199254740992.0;
+}
+
+double Simulator::Bell() {
+    const double sum = Uniform() + Uniform() + Uniform() + Uniform();
+    return (sum - 2) * 1.7320508;
+}
+
+int Simulator::Whole(int least, int most) {
+    return least + static_cast<int>(Uniform() * (most - least + 1));
+}
+
+void Simulator::BeginDay(papercore::Day day) {
+    day_ = day;
+    int begin = kLastMinute;
+    int end = kFirstMinute;
+    for (Contract& contract : contracts_) {
+        contract.terms = terms_.Find(contract.quote.contract, day);
+        Quote& quote = contract.quote;
+        const Price tick = contract.terms->tick;
+        const Price base =
+            contract.terms->IsSpot() ? quote.previous_close : quote.previous_settlement;
+        const Price range = papercore::Share(base, contract.terms->limit) / tick * tick;
+        quote.upper_limit = base / tick * tick + range;
+        quote.lower_limit = base / tick * tick - range;
+        quote.trading_day = day;
+        quote.open = quote.high = quote.low = quote.volume = quote.turnover = 0;
+        quote.last = quote.previous_close;
+        quote.phase = MarketPhase::kClosed;
+        if (contract.terms->sessions.empty()) continue;
+        begin = std::min(begin, contract.terms->sessions.front().begin);
+        end = std::max(end, contract.terms->sessions.back().end);
+    }
+    if (end <= begin) begin = kOpening, end = kOpening + 1;
+    time_ = MomentOf(day, begin);
+    end_ = MomentOf(day, end);
+}
+
+MarketPhase Simulator::PhaseOf(const Contract& contract) const {
+    for (const papercore::SessionSpan& span : contract.terms->sessions) {
+        if (time_ < MomentOf(day_, span.begin) ||
+            time_ >= MomentOf(day_, span.begin) + (span.end - span.begin) * kMinute) {
+            continue;
+        }
+        return span.kind == papercore::PhaseKind::kAuction ? MarketPhase::kAuction
+                                                           : MarketPhase::kContinuous;
+    }
+    return MarketPhase::kClosed;
+}
+
+void Simulator::Walk(Metal& metal) {
+    if (Uniform() < 0.0008) metal.burst = 6;
+    metal.burst += (1 - metal.burst) * 0.01;
+    metal.away += -0.00005 * metal.away + 0.00002 * metal.burst * Bell();
+}
+
+void Simulator::MakeTicks() {
+    if (time_ >= end_) {
+        FinishDay();
+        return;
+    }
+    Walk(gold_);
+    Walk(silver_);
+    for (Contract& contract : contracts_) {
+        const MarketPhase phase = PhaseOf(contract);
+        const bool changed = phase != contract.quote.phase;
+        contract.quote.phase = phase;
+        if (phase == MarketPhase::kContinuous) {
+            if (changed || Uniform() < 0.7) Tick(contract);
+        } else if (changed) {
+            contract.quote.trade_price = 0;
+            contract.quote.trade_volume = 0;
+            contract.quote.bid = {};
+            contract.quote.ask = {};
+            contract.quote.time = time_;
+            ready_.emplace_back(contract.quote);
+        }
+    }
+    time_ += kStep;
+}
+
+void Simulator::Tick(Contract& contract) {
+    Quote& quote = contract.quote;
+    const Metal& metal = contract.silver ? silver_ : gold_;
+    contract.away += -0.01 * contract.away + 0.000008 * Bell();
+    const double value = metal.price * (1 + metal.away + contract.away);
+    const Price tick = contract.terms->tick;
+    const Price middle = papercore::PriceFromYuan(value) / tick * tick;
+    Levels(contract, std::clamp(middle, quote.lower_limit, quote.upper_limit));
+    quote.trade_price = 0;
+    quote.trade_volume = 0;
+    if (Uniform() < 0.45) Trade(contract);
+    quote.time = time_;
+    ready_.emplace_back(quote);
+}
+
+void Simulator::Levels(Contract& contract, Price middle) {
+    Quote& quote = contract.quote;
+    const Price tick = contract.terms->tick;
+    Price bid = middle - tick * Whole(0, 1);
+    Price ask = bid + tick * Whole(1, 3);
+    for (std::size_t level = 0; level < papercore::kLevels; ++level) {
+        const int bid_size = Whole(1, 40);
+        const int ask_size = Whole(1, 40);
+        const bool has_bid = bid >= quote.lower_limit && bid > 0;
+        const bool has_ask = ask <= quote.upper_limit;
+        quote.bid[level] = has_bid ? papercore::Level{bid, bid_size} : papercore::Level{};
+        quote.ask[level] = has_ask ? papercore::Level{ask, ask_size} : papercore::Level{};
+        bid -= tick * Whole(1, 2);
+        ask += tick * Whole(1, 2);
+    }
+}
+
+void Simulator::Trade(Contract& contract) {
+    Quote& quote = contract.quote;
+    const bool bought = Uniform() < 0.5;
+    const papercore::Level& level = bought ? quote.ask[0] : quote.bid[0];
+    if (level.price == 0) return;
+    quote.trade_price = quote.last = level.price;
+    quote.trade_volume = Whole(1, 12);
+    if (quote.open == 0) quote.open = quote.last;
+    quote.high = std::max(quote.high, quote.last);
+    quote.low = quote.low == 0 ? quote.last : std::min(quote.low, quote.last);
+    quote.volume += quote.trade_volume;
+    quote.turnover += papercore::Turnover(quote.last, contract.terms->unit, quote.trade_volume);
+}
+
+void Simulator::FinishDay() {
+    papercore::DayEnd end;
+    end.time = end_;
+    end.trading_day = day_;
+    end.next_trading_day = NextBusinessDay(day_);
+    for (Contract& contract : contracts_) {
+        Quote& quote = contract.quote;
+        const std::int64_t units = quote.volume * contract.terms->unit;
+        Price price = quote.previous_settlement;
+        if (units > 0) {
+            const Price tick = contract.terms->tick;
+            const double average = static_cast<double>(quote.turnover) / static_cast<double>(units);
+            price = (std::llround(average * 100) + tick / 2) / tick * tick;
+        }
+        quote.previous_settlement = price;
+        if (quote.last > 0) quote.previous_close = quote.last;
+        end.settlements.push_back({quote.contract, price});
+    }
+    ready_.emplace_back(std::move(end));
+    BeginDay(NextBusinessDay(day_));
+}
+
+}  // namespace market
