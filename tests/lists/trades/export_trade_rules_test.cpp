@@ -58,6 +58,19 @@ TEST(TradeExport, KeepsTheTableWholeWhateverTextsHold) {
     EXPECT_STREQ(before.szTime, trade.szTime);
 }
 
+TEST(TradeExport, FindsSeparatorsWhereverTheyStand) {
+    std::string number(60, '7');
+    for (std::size_t at = 0; at < number.size(); ++at) {
+        std::string text = number;
+        text[at] = at % 2 == 0 ? ',' : '\n';
+        std::string clean = number;
+        clean[at] = ' ';
+        const CZebTrade trade = MakeTrade(text.c_str(), ",");
+        const std::string file = TradeExport(kTitles, std::span(&trade, 1), nullptr);
+        EXPECT_TRUE(file.ends_with(",2, ,\t" + clean + "\t,\n")) << at;
+    }
+}
+
 TEST(TradeExport, WritesAsManyColumnsAsThereAreTitles) {
     CZebTrade trade = MakeTrade("1");
     text::CopyText(trade.reserved45, "x,y");

@@ -109,7 +109,7 @@ TEST(TradeCell, EndsTextsWithTheirFields) {
     EXPECT_EQ(309U + 4, TradeText(trade, kTradePriceColumn, nullptr, room).size());
 }
 
-std::vector<std::string> Sorted(std::vector<std::pair<const char*, const char*>> keys) {
+std::vector<std::string> Sorted(const std::vector<std::pair<const char*, const char*>>& keys) {
     std::vector<CZebTrade> trades;
     for (const auto& [number, order] : keys) trades.push_back(MakeTrade(number, order));
     SortTrades(trades);
