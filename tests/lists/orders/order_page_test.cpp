@@ -105,7 +105,8 @@ TEST_F(OrderPage, PaintsNoRowThatThereIsNot) {
         const std::size_t before = platform::testing::SeenTexts(frame_).size();
         RECT rect{0, 270, 60, 292};  // below the page
         const CClientDC dc(&frame_);
-        List().m_pfnDrawCell(dc, row, 0, &rect, nullptr, &page_, List().m_pContext);
+        List().m_pfnDrawCell(dc, row, kOrderVolumeColumn, &rect, nullptr, &page_,
+                             List().m_pContext);
         return platform::testing::SeenTexts(frame_).size() != before;
     };
     page_.MoveWindow(0, 0, 900, 200);
