@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "bench/ratio.h"
+#include "host/market/market.h"
 #include "papercore/engine.h"
 #include "plugin/contract/market_records.h"
 
@@ -62,6 +63,7 @@ public:
         OpenLots();
         for (int i = 0; i < kOrders; ++i) Rest(i);
         engine_.TakeFacts();
+        market_.Subscribe({[this](const Quote& quote) { engine_.OnQuote(quote); }, {}});
         Require(Working() == kOrders && Watched() == kStops);
     }
 
@@ -69,7 +71,7 @@ public:
         for (int i = 0; i < kQuotes; ++i) {
             quote_.time += 1;
             quote_.bid[static_cast<std::size_t>(i) % papercore::kLevels].volume ^= 1;
-            engine_.OnQuote(quote_);
+            market_.Publish(quote_);
         }
         Require(engine_.TakeFacts().empty());
     }
@@ -127,6 +129,7 @@ private:
     papercore::TermsTable terms_ = Terms();
     Quote quote_ = QuietQuote();
     Engine engine_{terms_, Settings(), {}};
+    market::Market market_{std::make_unique<market::ManualSource>(0)};
 };
 
 /// The least that hands a quote from one thread to another, without the threads.
