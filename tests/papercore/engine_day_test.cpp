@@ -98,5 +98,18 @@ TEST_F(EngineDay, MarksAContractWithoutSettlementAtItsLastPrice) {
     EXPECT_EQ(PriceFromYuan(298.00), Lots()[0].hold_price);
 }
 
+TEST_F(EngineDay, GivesTheSameStateWhenItsFactsAreRepeated) {
+    Buy(2).At(300.00);
+    Sell(1).At(299.99).Net();
+    Buy(1).At(299.00);
+    CancelOrder();
+    EndDay(20260106, {{kGold, 301.00}});
+    Feed().Last(301.00);
+    Sell(5).At(300.00);
+    State state;
+    for (const Fact& fact : journal) ASSERT_TRUE(Apply(state, fact));
+    EXPECT_EQ(Figures(engine->Kept()), Figures(state));
+}
+
 }  // namespace
 }  // namespace papercore_tests

@@ -1,5 +1,7 @@
 #include "tests/papercore/scenario.h"
 
+#include <sstream>
+
 #include "tests/support/gbk_text.h"
 
 namespace papercore_tests {
@@ -255,5 +257,37 @@ void Scenario::ExpectPosition(Side side, std::int64_t volume, std::int64_t froze
 }
 
 std::string Yuan(Fen amount) { return MoneyText(amount); }
+
+std::string Figures(const State& state) {
+    std::ostringstream text;
+    const Ledger& money = state.ledger;
+    text << state.login.account << ' ' << state.day << ' ' << state.sessions << ' '
+         << state.last_order << ' ' << state.last_lot << ' ' << state.last_trade << '\n';
+    text << money.deposits << ' ' << money.withdrawals << ' ' << money.realised << ' '
+         << money.settled << ' ' << money.fees << ' ' << money.deferred << ' ' << money.fees_today
+         << '\n';
+    for (const auto& [id, order] : state.orders) {
+        text << "order " << id << ' ' << order.filled << ' ' << static_cast<int>(order.status)
+             << ' ' << order.limit << ' ' << order.opening << ' ' << order.frozen_margin << ' '
+             << order.frozen_fee << ' ' << order.remark;
+        for (const FrozenSlice& slice : order.closing) {
+            text << ' ' << slice.lot << ':' << slice.volume;
+        }
+        text << '\n';
+    }
+    for (const auto& [id, lot] : state.lots) {
+        text << "lot " << id << ' ' << lot.volume << ' ' << lot.frozen << ' ' << lot.open_price
+             << ' ' << lot.hold_price << ' ' << lot.margin << ' ' << lot.has_stop << ' '
+             << lot.stop.asleep << ' ' << lot.stop.triggered << ' ' << lot.stop.float_base << '\n';
+    }
+    for (const auto* trades : {&state.history, &state.trades}) {
+        for (const Trade& trade : *trades) {
+            text << "trade " << trade.id << ' ' << trade.price << ' ' << trade.volume << ' '
+                 << trade.fee << ' ' << trade.realised << '\n';
+        }
+        text << '\n';
+    }
+    return text.str();
+}
 
 }  // namespace papercore_tests

@@ -132,4 +132,7 @@ public:
 /// Yuan as they are read.
 std::string Yuan(Fen amount);
 
+/// The figures of a state, one line each.
+std::string Figures(const State& state);
+
 }  // namespace papercore_tests
