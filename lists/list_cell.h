@@ -24,8 +24,7 @@ struct CellText {
     CellWeight weight = CellWeight::kNormal;
 };
 
-/// Draws with the font that is selected, or with `bold`. A centred text that does not fit begins at
-/// the left.
+/// Draws with the font that is selected, or with `bold`.
 void DrawCellText(HDC dc, const CellText& cell, const RECT& rect, HFONT bold);
 
 }  // namespace lists
