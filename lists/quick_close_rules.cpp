@@ -21,13 +21,7 @@ std::string PercentText(const CloseRatio& ratio) {
     return "平仓" + std::to_string(ratio.percent) + "%";
 }
 
-CAccountInfo LoginAccount() {
-    CAccountInfo account{};
-    if (CUICallBack* const core = GetUICallBack()) core->GetLoginAccount(&account);
-    return account;
-}
-
-/// What totals and lots have in common: all but session, group and price.
+/// What the row decides, alike for totals and lots; only a lot has a group besides.
 template <class Row>
 CInsertOrderRequest CloseRequest(const Row& row, int lots) {
     CInsertOrderRequest request{};
@@ -40,7 +34,6 @@ CInsertOrderRequest CloseRequest(const Row& row, int lots) {
     request.cOrderType = kOrderTypeLimit;
     request.nVolume = lots;
     request.nSession = row.nSession;
-    request.stAccount = LoginAccount();
     return request;
 }
 
@@ -53,8 +46,16 @@ bool SetClosePrice(PreparedClose& close, const CZebContract& contract) {
     return std::isfinite(price) && FormatPrice(request.szPrice, price, contract.nPriceDigits);
 }
 
-/// Adds what contract and host decide, or the problem.
-void Price(PreparedClose& close) {
+/// The settings as they are now, and whose order it is.
+void TakeSettings(PreparedClose& close) {
+    close.param = ReadTradeParam();
+    CUICallBack* const core = GetUICallBack();
+    if (core != nullptr) core->GetLoginAccount(&close.request.stAccount);
+}
+
+/// Adds what core, contract and host decide, or the problem.
+void Complete(PreparedClose& close) {
+    TakeSettings(close);
     const std::string code(text::FieldText(close.request.szContract));
     const CZebContract* const contract = CContractManager::FindContract(code);
     CHostSymbol symbol{};
@@ -64,7 +65,6 @@ void Price(PreparedClose& close) {
     }
     close.request.wMarket = symbol.wMarket;
     close.request.wCode = symbol.wCode;
-    close.param = ReadTradeParam();
     if (!SetClosePrice(close, *contract)) close.problem = "快捷平仓未发送：" + code + "没有价格";
 }
 
@@ -90,7 +90,7 @@ PreparedClose PrepareCloseTotal(const CZebPosition& position, int lots) {
     PreparedClose close;
     close.request = CloseRequest(position, lots);
     close.is_close = true;
-    Price(close);
+    Complete(close);
     close.price_type = close.param.nClosePriceType;
     return close;
 }
@@ -99,7 +99,7 @@ PreparedClose PrepareCloseLot(const PositionGroup& lot, int lots) {
     PreparedClose close;
     close.request = CloseRequest(lot, lots);
     close.request.nGroupID = lot.nGroupID;
-    Price(close);
+    Complete(close);
     close.price_type = PRICE_OTHER;
     return close;
 }

@@ -139,6 +139,25 @@ TEST_F(QuickClose, SendsNothingForAPageThatIsGone) {
     EXPECT_THAT(core.inserts, IsEmpty());
 }
 
+TEST_F(QuickClose, ReadsSettingsAndAccountBeforeItLooksForTheContract) {
+    HoldGoldAndSilver();
+    ClickRow(0);
+    core.ForgetCalls();
+    for (const char* const mode : {"totals", "lots"}) {
+        SCOPED_TRACE(mode);
+        Press(Page::kClose100);
+        EXPECT_THAT(core.TakeCalls(),
+                    ElementsAre("GetTradeParam()", "GetLoginAccount()", "GetTradeParam()",
+                                testing::StartsWith("InsertOrder(")));
+        ShowLots();
+        core.ForgetCalls();
+    }
+    CContractManager::ClearContracts();
+    Press(Page::kClose100);
+    EXPECT_THAT(core.TakeCalls(), ElementsAre("GetTradeParam()", "GetLoginAccount()",
+                                              testing::StartsWith("ShowStatusText(")));
+}
+
 TEST_F(QuickClose, DoesNotCloseATotalByNothing) {
     HoldGoldAndSilver();
     page.CloseTotal(*page.GetPositionAt(0), 0);
