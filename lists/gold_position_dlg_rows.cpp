@@ -185,9 +185,10 @@ void CGoldPositionDlg::SetStopsOfLot(PositionGroup lot) {
 
 void CGoldPositionDlg::SetStopsOfTotal(const CZebPosition& total) {
     AskForLots();
-    const std::optional<CZebContract> contract = FindContractOf(total);
     const PositionGroup* const found = FindLotOf(total);
-    if (!contract || found == nullptr || m_pDialogs == nullptr) return;
+    if (found == nullptr) return;
+    const std::optional<CZebContract> contract = FindContractOf(total);
+    if (!contract || m_pDialogs == nullptr) return;
     const HWND page = m_hWnd;
     const PositionGroup lot = *found;
     CPresetStop stop = lists::ReadGroupStop(lot);

@@ -109,7 +109,10 @@ TEST_F(StopsOfPositions, NeedALotThatThePageHolds) {
     core.position_details = {MakeLot(16, "Au(T+D)", '0', 1, 300)};
     ClickRow(0);
     Press(Page::kStop);
+    CContractManager::ClearContracts();
+    Press(Page::kStop);
     EXPECT_THAT(dialogs.titles, IsEmpty());
+    EXPECT_THAT(core.CallsOf("ShowStatusText"), IsEmpty()) << "contract or not, without a word";
 }
 
 TEST_F(StopsOfPositions, NeedAContractThatIsKnown) {
