@@ -139,7 +139,7 @@ void CGoldPositionDlg::SumUp() {
     lists::ProfitSums sums;
     for (int row = 0; row < std::min(held, m_positions.GetCount()); ++row) {
         const CZebPosition& position = m_positions.GetData()[row];
-        const int unit = UnitOf(position);
+        const std::optional<int> unit = UnitOf(position);
         lists::RowQuote quote(position);
         lists::AddProfit(sums, lists::OpenProfitOf(position, unit, quote).value,
                          lists::HoldProfitOf(position, unit, quote).value);
@@ -237,13 +237,14 @@ bool CGoldPositionDlg::HasPosition(const char* contract) const {
     return false;
 }
 
-/// Units in a lot of the position's contract; 0 for an unknown one, which then has no profit but
+/// Units in a lot of the position's contract; none for an unknown one, which then has no profit but
 /// the core's.
-int CGoldPositionDlg::UnitOf(const CZebPosition& position) const {
+std::optional<int> CGoldPositionDlg::UnitOf(const CZebPosition& position) const {
     const CZebContract* const contract =
         m_pContracts != nullptr ? m_pContracts->FindContractByCode(CodeOf(position).c_str())
                                 : nullptr;
-    return contract != nullptr ? contract->nUnit : 0;
+    if (contract == nullptr) return std::nullopt;
+    return contract->nUnit;
 }
 
 double CGoldPositionDlg::GetOpenProfit(int row) const {

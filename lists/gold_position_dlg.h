@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 
 #include "controls/bmp_button_no_pic.h"
 #include "controls/ower_draw_list_view.h"
@@ -102,7 +103,7 @@ private:
     /// Of the selected row in the list on show; -1 for none.
     int SelectedRow() const;
     const PositionGroup* LotAt(int row) const;
-    int UnitOf(const CZebPosition& position) const;
+    std::optional<int> UnitOf(const CZebPosition& position) const;
 
     void OnSelectionChanged();
     /// By the lots that are available in a row of the list on show; -1 for no row.

@@ -18,10 +18,11 @@ constexpr double kNothing = 0.0001;
 bool IsSomething(double value) { return value > kNothing || value < -kNothing; }
 
 /// `from_price` is the one that the core's figure stands against.
-RowProfit TotalProfit(const CZebPosition& position, double core_profit, double from_price, int unit,
-                      RowQuote& quote) {
+RowProfit TotalProfit(const CZebPosition& position, double core_profit, double from_price,
+                      std::optional<int> unit, RowQuote& quote) {
     if (IsSomething(core_profit)) return {.value = core_profit};
-    return ProfitAtQuote(position.cDirection, from_price, position.nVolume, unit, quote.Get());
+    if (!unit) return {};
+    return ProfitAtQuote(position.cDirection, from_price, position.nVolume, *unit, quote.Get());
 }
 
 }  // namespace
@@ -54,11 +55,11 @@ const JSDyn1* RowQuote::Get() {
     return known_ ? &quote_ : nullptr;
 }
 
-RowProfit OpenProfitOf(const CZebPosition& position, int unit, RowQuote& quote) {
+RowProfit OpenProfitOf(const CZebPosition& position, std::optional<int> unit, RowQuote& quote) {
     return TotalProfit(position, position.dOpenProfit, position.dOpenPrice, unit, quote);
 }
 
-RowProfit HoldProfitOf(const CZebPosition& position, int unit, RowQuote& quote) {
+RowProfit HoldProfitOf(const CZebPosition& position, std::optional<int> unit, RowQuote& quote) {
     return TotalProfit(position, position.dHoldProfit, position.dHoldPrice, unit, quote);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "plugin/contract/market_records.h"
@@ -42,10 +43,11 @@ private:
     JSDyn1 quote_;
 };
 
-/// The core's own figure, unless it is next to 0: then the quote decides.
-RowProfit OpenProfitOf(const CZebPosition& position, int unit, RowQuote& quote);
+/// The core's own figure, unless it is next to 0: then the quote decides. Without a unit, when
+/// nobody knows the contract, the profit is 0 whatever the quote and the record say.
+RowProfit OpenProfitOf(const CZebPosition& position, std::optional<int> unit, RowQuote& quote);
 /// The same against the holding price.
-RowProfit HoldProfitOf(const CZebPosition& position, int unit, RowQuote& quote);
+RowProfit HoldProfitOf(const CZebPosition& position, std::optional<int> unit, RowQuote& quote);
 /// A lot has no figure of the core's.
 RowProfit ProfitOfLot(const PositionGroup& lot, int unit, RowQuote& quote);
 

@@ -1,4 +1,5 @@
-#include "platform/text/gbk.h"
+#include <limits>
+
 #include "plugin/contract/core_access.h"
 #include "plugin/settings/process_values.h"
 #include "tests/lists/positions/position_page_stage.h"
@@ -114,27 +115,6 @@ TEST_F(PositionPage, KeepsTotalsThreePixelsOffTheirLines) {
     ShowLots();
     EXPECT_EQ(contract.left - 3, Cell(0, 0).rect.left);
     EXPECT_EQ(volume.left + 3, Cell(0, 2).rect.left);
-}
-
-TEST_F(PositionPage, BeginsAtTheLeftWithStopsThatDoNotFit) {
-    page.MoveWindow(0, 0, 600, 300);
-    PositionGroup lot = MakeLot(1, "Au(T+D)", '0', 1, 300);
-    lot.dStopLoss = 20;
-    PositionGroup full = lot;
-    full.dTakeProfit = full.dPullback = full.dFloat = full.dFloatBase = 100;
-    full.dLongTakeProfit = full.dLongStopLoss = 300;
-    HoldLots({lot, full});
-    ShowLots();
-    ::SendMessageA(Control(Page::kList), WM_HSCROLL, MAKEWPARAM(SB_THUMBPOSITION, 200), 0);
-    platform::testing::Pump();
-    const auto left_of = [this](const char* start) {
-        for (const auto& seen : platform::testing::SeenTexts(Control(Page::kList))) {
-            if (seen.utf8.starts_with(text::Utf8FromGbk(start))) return seen.rect.left;
-        }
-        return LONG{-1};
-    };
-    EXPECT_EQ(390 - 200 + 2, left_of("止盈："));
-    EXPECT_EQ(390 - 200 + 2 + (398 - 54) / 2, left_of("止损：20"));
 }
 
 TEST_F(PositionPage, HasNoColumnForStopsThatAreNotOffered) {
@@ -344,10 +324,15 @@ TEST_F(PositionPage, AnswersEveryListEventWithZero) {
 TEST_F(PositionPage, LivesWithoutACoreAndWithoutAnyone) {
     CGoldPositionDlg alone;
     alone.Create(CGoldPositionDlg::IDD, &frame);
-    core.positions = {MakePosition("Au(T+D)", '0', 1, 300)};
+    // Numbers that the sums must not take over.
+    constexpr double kNonsense = std::numeric_limits<double>::quiet_NaN();
+    core.positions = {MakePosition("Au(T+D)", '0', 1, kNonsense)};
     alone.Refresh(false, true);
     EXPECT_NE(nullptr, alone.GetPositionAt(0));
     EXPECT_EQ(0, alone.m_dProfitOpen) << "nobody knows the contract";
+    EXPECT_EQ(0, alone.m_dProfitHold);
+    EXPECT_EQ(0, alone.GetOpenProfit(0));
+    EXPECT_EQ(0, alone.GetHoldProfit(0));
     g_pUICallBack = nullptr;
     alone.Refresh(false, true);
     alone.OnQuote(static_cast<unsigned>(kGold), {});
