@@ -99,6 +99,12 @@ TEST(Facts, RefuseWhatCannotFollowAndLeaveTheStateAsItWas) {
          })},
         {"more margin than there is",
          fill([](OrderFilled& f) { f.closed[0].margin_released = 100'000'000; })},
+        {"a fill that skips a lot of its order", fill([](OrderFilled& f) {
+             f.closed = {{1, 1, 0, 0}, {1, 1, 0, 0}};
+         })},
+        {"a fee that no account can pay",
+         fill([](OrderFilled& f) { f.trades[0].fee = 1LL << 60; })},
+        {"more money than there is", MoneyMoved{-(1LL << 60), ""}},
         {"a trade number again", fill([](OrderFilled& f) { f.trades[0].id = 0; })},
         {"a strategy of an unknown lot", LotStopSet{9, true, {}}},
         {"a trigger without a strategy", StopTriggered{1, StopRule::kRelativeStop, 0, 0}},
@@ -137,6 +143,25 @@ TEST(Facts, FreeTheLotsOfAnOrderThatEnds) {
     EXPECT_EQ(0, state.lots.at(1).frozen);
     EXPECT_EQ(0, state.orders.at(1).frozen_fee);
     EXPECT_EQ("x", state.orders.at(1).remark);
+}
+
+TEST(Facts, FillTheFirstLotsOfAnOrderFirst) {
+    State state = Prepared();
+    state.lots.emplace(2, LongLot(2, 4));
+    Order order = CloseOrder(2, 1, 5);
+    order.closing = {{1, 3}, {2, 2}};
+    ASSERT_TRUE(Apply(state, OrderAccepted{order}));
+    OrderFilled fill = CloseFill(2, 1, 3);
+    fill.closed = {{1, 2, 0, 0}, {2, 1, 0, 0}};
+    EXPECT_FALSE(Apply(state, fill));
+    fill.closed = {{2, 3, 0, 0}};
+    EXPECT_FALSE(Apply(state, fill));
+    fill.volume = 4;
+    fill.closed = {{1, 3, 0, 0}, {2, 1, 0, 0}};
+    ASSERT_TRUE(Apply(state, fill));
+    ASSERT_EQ(1U, state.orders.at(2).closing.size());
+    EXPECT_EQ(2, state.orders.at(2).closing[0].lot);
+    EXPECT_EQ(1, state.orders.at(2).closing[0].volume);
 }
 
 TEST(Facts, MoveMoneyBothWays) {
