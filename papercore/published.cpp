@@ -53,9 +53,10 @@ int Published::Read(Shared<Record> Lists::*list, Record* buffer, int capacity) {
     if (!read) return 0;
     const auto count = static_cast<int>(std::min<std::size_t>(read->size(), INT32_MAX));
     if (!buffer) return count;
-    const int taken = std::clamp(count, 0, std::max(capacity, 0));
+    const std::size_t room = capacity > 0 ? static_cast<std::size_t>(capacity) : 0;
+    const std::size_t taken = std::min(read->size(), room);
     std::copy_n(read->begin(), taken, buffer);
-    return taken;
+    return static_cast<int>(taken);
 }
 
 template int Published::Read(Shared<CZebContract> Lists::*, CZebContract*, int);
