@@ -64,6 +64,7 @@ BEGIN_MESSAGE_MAP(Frame, CWnd)
     ON_MESSAGE(WM_QUOTES_WAIT, &Frame::OnQuotesWait)
     ON_MESSAGE(WM_STATUS_WAITS, &Frame::OnStatusWaits)
     ON_MESSAGE(WM_CORE_WAITS, &Frame::OnCoreWaits)
+    ON_MESSAGE(WM_COMMAND_WAITS, &Frame::OnCommandWaits)
     ON_MESSAGE(WM_SESSION_LOST, &Frame::OnSessionLostMessage)
     ON_MESSAGE(WM_FRAME_NOTICE, &Frame::OnFrameNotice)
     ON_MESSAGE(WM_LOCK_PANEL, &Frame::OnLockPanel)
@@ -254,6 +255,7 @@ LRESULT Frame::OnQuotesWait(WPARAM, LPARAM) {
         const JSDyn1 record = RecordOf(quote);
         front_end_.OnDyn(symbol.market, symbol.code, &record);
     });
+    UpdateClock();
     return 0;
 }
 
@@ -270,6 +272,11 @@ LRESULT Frame::OnStatusWaits(WPARAM, LPARAM) {
 
 LRESULT Frame::OnCoreWaits(WPARAM, LPARAM) {
     if (on_core_waits) on_core_waits();
+    return 0;
+}
+
+LRESULT Frame::OnCommandWaits(WPARAM, LPARAM) {
+    if (on_command) on_command();
     return 0;
 }
 

@@ -28,7 +28,8 @@ namespace terminal {
 /// Posted to the frame by whoever has something for it, from any thread.
 inline constexpr UINT WM_QUOTES_WAIT = WM_APP + 1;
 inline constexpr UINT WM_STATUS_WAITS = WM_APP + 2;
-inline constexpr UINT WM_CORE_WAITS = WM_APP + 3;  ///< login progress, funds, account
+inline constexpr UINT WM_CORE_WAITS = WM_APP + 3;     ///< login progress, funds, account
+inline constexpr UINT WM_COMMAND_WAITS = WM_APP + 4;  ///< of automation
 
 /// What the market's clock says; GBK.
 struct ClockTexts {
@@ -94,6 +95,7 @@ protected:
     LRESULT OnQuotesWait(WPARAM wParam, LPARAM lParam);
     LRESULT OnStatusWaits(WPARAM wParam, LPARAM lParam);
     LRESULT OnCoreWaits(WPARAM wParam, LPARAM lParam);
+    LRESULT OnCommandWaits(WPARAM wParam, LPARAM lParam);
     LRESULT OnSessionLostMessage(WPARAM wParam, LPARAM lParam);
     LRESULT OnFrameNotice(WPARAM wParam, LPARAM lParam);
     LRESULT OnLockPanel(WPARAM wParam, LPARAM lParam);
@@ -137,6 +139,8 @@ private:
 public:
     /// Called for WM_CORE_WAITS.
     std::function<void()> on_core_waits;
+    /// Called for WM_COMMAND_WAITS.
+    std::function<void()> on_command;
     /// Called when the user closes the window, before it goes.
     std::function<void()> on_close;
     /// Called when the window has gone.

@@ -43,6 +43,7 @@ std::string Conflict(const Options& options, bool feed_given) {
     }
     if (replays && options.replay_as.empty()) return "--replay: needs --as CONTRACT";
     if (!replays && !options.replay_as.empty()) return "--as: only with --replay FILE";
+    if (!replays && options.yuan_per_currency > 0) return "--per-ounce: only with --replay FILE";
     if (options.manual_clock && !options.headless) return "--manual-clock: only with --headless";
     if (options.reset_account && options.automation) {
         return "--reset-account: asks a question, which --automation has no answer for";
@@ -76,6 +77,10 @@ bool ParseOptions(int argc, const char* const* argv, Options& options, int& exit
         ->option_text("FILE");
     app.add_option("--as", options.replay_as, "the contract that the rows stand for")
         ->option_text("CONTRACT");
+    app.add_option("--per-ounce", options.yuan_per_currency,
+                   "its prices are of a troy ounce, in a currency worth so many yuan")
+        ->check(CLI::Range(0.0001, 10000.0).description(""))
+        ->option_text("YUAN");
     app.add_option("--speed", speed, "market time: 0 (only by steps), 1, N or max")
         ->check(CLI::Validator(CheckSpeed, ""))
         ->option_text("N|max");

@@ -16,8 +16,9 @@ inline constexpr double kMaximumSpeed = -1;
 struct Options {
     FeedKind feed = FeedKind::kSimulator;
     std::string replay_file;
-    std::string replay_as;  ///< contract that the replayed rows stand for
-    double speed = 1;       ///< of the market's time; 0: only by steps
+    std::string replay_as;         ///< contract that the replayed rows stand for
+    double yuan_per_currency = 0;  ///< above 0: replayed prices are of a troy ounce in a currency
+    double speed = 1;              ///< of the market's time; 0: only by steps
     std::uint64_t seed = 1;
     std::string account_file;
     std::string config_folder;

@@ -151,6 +151,9 @@ void ChartView::PaintGrid(const Painter& painter, const Layout& layout) const {
         const int y = layout.scale.YOf(price);
         if (y < layout.prices.top + 8 || y > layout.prices.bottom - 8) continue;
         painter.Fill({layout.prices.left, y, layout.prices.right, y + 1}, faint);
+        // The tag of the last price would cover part of it.
+        const int tag = layout.scale.YOf(candles_.back().close);
+        if (std::abs(y - tag) < kTagHeight) continue;
         painter.Text({layout.axis.left + 6, y - 8, layout.axis.right - 4, y + 8},
                      PriceText(price, digits_), colors.secondary);
     }
@@ -165,8 +168,9 @@ void ChartView::PaintGrid(const Painter& painter, const Layout& layout) const {
         const int x = span.CenterOf(index);
         if (x - written < kTimeDistance || x + 36 > layout.times.right) continue;
         const papercore::Instant time = candles_[static_cast<std::size_t>(index)].begin;
-        painter.Text({x - 4, layout.times.top, x + 40, layout.times.bottom}, AxisText(time, before),
-                     colors.secondary);
+        const int text_left = std::max(x - 4, 2);
+        painter.Text({text_left, layout.times.top, text_left + 44, layout.times.bottom},
+                     AxisText(time, before), colors.secondary);
         painter.Fill({x, layout.prices.top, x + 1, layout.times.top + 4}, faint);
         written = x;
         before = time;

@@ -134,6 +134,12 @@ void PumpFor(DWORD millis) {
     }
 }
 
+void LetTimePass([[maybe_unused]] DWORD millis) {
+#ifndef _WIN32
+    winbase::hooks::AdvanceClock(millis);
+#endif
+}
+
 void MovePointer(POINT screen) {
     SetCursorPos(screen.x, screen.y);
     Pump();

@@ -19,6 +19,8 @@ void StopClock();
 /// Lets `millis` pass and dispatches what comes in that time: advances the manual clock step by
 /// step, or waits where the clock is real.
 void PumpFor(DWORD millis);
+/// Advances a stopped clock and dispatches nothing; timers that are due come by whatever loop runs.
+void LetTimePass(DWORD millis);
 
 /// Screen coordinates.
 void MovePointer(POINT screen);

@@ -69,6 +69,8 @@ TEST(Options, BrokenWordsGetOneClearLineAndExitCodeTwo) {
         {"--replay", "/etc/passwd"},
         {"--replay", "/no/such/file", "--as", "Au(T+D)"},
         {"--as", "Au(T+D)"},
+        {"--per-ounce", "7.1"},
+        {"--replay", "/etc/passwd", "--as", "Au(T+D)", "--per-ounce", "0"},
         {"--speed", "-1"},
         {"--speed", "fast"},
         {"--speed", "nan"},

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+#include "host/market/market.h"
+
+namespace terminal {
+
+/// Lets the market's time pass, on a thread of its own, at the market's speed. While it is paused
+/// the market moves by Step alone.
+class Feed {
+public:
+    explicit Feed(market::Market& market) : market_(market) {}
+    ~Feed() { Stop(); }
+    Feed(const Feed&) = delete;
+    Feed& operator=(const Feed&) = delete;
+
+    void Start();
+    void Stop();
+    /// Any thread: runs something that moves the market, such as a step or a quote, while the
+    /// feed's own thread doesn't.
+    void WhileStill(const std::function<void(market::Market&)>& action);
+
+private:
+    void Run();
+
+    market::Market& market_;
+    std::mutex moving_;
+    std::atomic<bool> stopping_ = false;
+    std::thread thread_;
+};
+
+}  // namespace terminal

@@ -1,0 +1,317 @@
+#include "host/terminal/terminal.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "host/automation/line_reader.h"
+#include "host/automation/window_search.h"
+#include "host/market/replay.h"
+#include "host/market/simulator.h"
+#include "host/terminal/data_folder.h"
+#include "host/terminal/mark_rules.h"
+#include "host/terminal/quote_record.h"
+#include "papercore/password.h"
+#include "papercore/records.h"
+#include "papercore/store.h"
+#include "papercore/texts.h"
+#include "platform/testing/input.h"
+#include "platform/testing/sight.h"
+#include "platform/text/bounded_text.h"
+#include "platform/text/gbk.h"
+#include "plugin/contract/host_function.h"
+#include "plugin/contract/messages.h"
+
+namespace terminal {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char kRememberedFile[] = "goldterm.json";
+constexpr char kTermsFile[] = "contract_terms.json";
+constexpr char kAccountFile[] = "account.db";
+constexpr char kDemo[] = "demo";
+constexpr papercore::Instant kManualStart = 1'772'442'000'000;  // 2026-03-02 09:00:00
+
+Terminal* g_terminal = nullptr;
+
+std::string ReadAll(const std::string& path, std::string& content) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return "cannot read " + path;
+    content.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+    return {};
+}
+
+int ReadUseProfile() {
+    return GetPrivateProfileIntA("gtserver", "useProfile", 0, ".\\TradeServer_KX_Gold.ini");
+}
+
+}  // namespace
+
+Terminal::Terminal(Options options) : options_(std::move(options)) { g_terminal = this; }
+
+Terminal::~Terminal() {
+    Close();
+    g_terminal = nullptr;
+}
+
+ULONG_PTR CALLBACK Terminal::HostCall(UINT message, WPARAM wParam, LPARAM lParam) {
+    return g_terminal ? g_terminal->Answer(message, wParam, lParam) : 1;
+}
+
+std::string Terminal::Open() {
+    for (const auto step : {&Terminal::OpenFolders, &Terminal::OpenTerms, &Terminal::OpenMarket,
+                            &Terminal::OpenAccount}) {
+        const std::string fault = (this->*step)();
+        if (!fault.empty()) return fault;
+    }
+    return {};
+}
+
+std::string Terminal::OpenFolders() {
+    data_folder_ = options_.config_folder.empty() ? UserFolder() : options_.config_folder;
+    if (data_folder_.empty()) return "there is no folder for data: give one with --config DIR";
+    if (options_.config_folder.empty()) {
+        const std::string fault = FillFolder(data_folder_, SampleFolder());
+        if (!fault.empty()) return fault;
+    }
+    std::error_code error;
+    fs::current_path(data_folder_, error);
+    if (error) return "cannot use the folder " + data_folder_;
+    if (!options_.shots_folder.empty()) {
+        fs::create_directories(options_.shots_folder, error);
+        if (error) return "cannot make the folder " + options_.shots_folder;
+    }
+    const std::string path = (fs::path(data_folder_) / kRememberedFile).string();
+    if (!ReadRemembered(path, remembered_)) {
+        log_.Add("", kStatusPlain, "界面设置文件无法读取，使用默认布局");
+    }
+    if (options_.look_given) remembered_.look = options_.look;
+    return {};
+}
+
+std::string Terminal::OpenTerms() {
+    const std::string path = (fs::path(data_folder_) / kTermsFile).string();
+    std::string content;
+    std::string fault = ReadAll(path, content);
+    if (!fault.empty()) return fault;
+    fault = terms_.Parse(content);
+    return fault.empty() ? fault : path + ": " + fault;
+}
+
+std::string Terminal::OpenMarket() {
+    std::unique_ptr<market::Source> source;
+    if (options_.feed == FeedKind::kReplay) {
+        const std::string contract = text::GbkFromUtf8(options_.replay_as);
+        auto file = std::make_unique<std::ifstream>(options_.replay_file, std::ios::binary);
+        if (!*file) return "cannot read " + options_.replay_file;
+        const auto report = [this](std::size_t line, const std::string& fault) {
+            log_.Add("", kStatusPlain,
+                     "回放文件第 " + std::to_string(line) + " 行跳过：" + text::GbkFromUtf8(fault));
+        };
+        market::ReplayOptions replay;
+        replay.contract = contract;
+        if (options_.yuan_per_currency > 0) {
+            replay.price_factor = market::OunceFactor(options_.yuan_per_currency);
+        }
+        auto made = std::make_unique<market::Replay>(std::move(file), replay, terms_, report);
+        if (!made->Fault().empty()) return options_.replay_file + ": " + made->Fault();
+        source = std::move(made);
+    } else if (options_.feed == FeedKind::kSimulator) {
+        market::SimulatorOptions simulator;
+        simulator.seed = options_.seed;
+        source = std::make_unique<market::Simulator>(terms_, simulator);
+    } else {
+        source = std::make_unique<market::ManualSource>(kManualStart);
+    }
+    market_ = std::make_unique<market::Market>(std::move(source));
+    market_->SetSpeed(options_.speed);
+    symbols_ = SymbolTable(terms_, market_->TradingDay());
+    return {};
+}
+
+std::string Terminal::OpenAccount() {
+    const std::string path = options_.account_file.empty()
+                                 ? (fs::path(data_folder_) / kAccountFile).string()
+                                 : options_.account_file;
+    std::string fault;
+    std::unique_ptr<papercore::Store> store = papercore::OpenStore(path, fault);
+    if (!store) return path + ": " + fault;
+    papercore::State state;
+    fault = store->Load(state);
+    if (!fault.empty()) return path + ": " + fault;
+    papercore::CoreParts parts{terms_, nullptr, {}, papercore::PasswordHash, papercore::NewSalt};
+    parts.settings.front_end_counts_profit = ReadUseProfile() == 1;
+    new_account_ = state.login.account.empty();
+    if (new_account_) {
+        const std::string salt = papercore::NewSalt();
+        const papercore::Fact created = papercore::AccountCreated{
+            {kDemo, salt, papercore::PasswordHash(kDemo, salt)}, parts.settings.starting_funds};
+        fault = store->Append({&created, 1});
+        if (!fault.empty()) return path + ": " + fault;
+        papercore::Apply(state, created);
+    }
+    parts.store = std::move(store);
+    core_ =
+        std::make_unique<TerminalCore>(std::move(parts), std::move(state), log_, options_.scale);
+    return {};
+}
+
+bool Terminal::Show() {
+    if (options_.automation) platform::testing::RememberTexts();
+    front_end_ = std::make_unique<QmInterfaceUI>();
+    CBaseUI& ui = *front_end_;
+    QmInterfaceUI::SetCallBack(&HostCall);
+    ui.SetUICallBack(core_.get());
+    core_->SetFrontEnd(&ui);
+    quotes_ = std::make_unique<QuoteBoard>(symbols_.All().size(), [this] {
+        if (frame_) ::PostMessageA(frame_->GetSafeHwnd(), WM_QUOTES_WAIT, 0, 0);
+    });
+    frame_ = std::make_unique<Frame>(ui, *core_, symbols_, *quotes_, log_, Sources(), remembered_);
+    frame_->on_core_waits = [this] { TakeCoreNews(); };
+    frame_->on_gone = [] { PostQuitMessage(0); };
+    const bool demo_only = new_account_;
+    const std::string hint = demo_only
+                                 ? "已建立演示账户：账户 demo，密码 demo，起始资金 1,000,000.00 元"
+                                 : "模拟账户，不涉及真实资金";
+    if (!frame_->CreateFrame(hint)) return false;
+    frame_->ShowWindow(SW_SHOW);
+    frame_->UpdateWindow();
+    core_->SetClock([this] { return Clock().time.substr(11); });
+    core_->SetWake([this] { ::PostMessageA(frame_->GetSafeHwnd(), WM_CORE_WAITS, 0, 0); });
+    log_.SetWake([this] { ::PostMessageA(frame_->GetSafeHwnd(), WM_STATUS_WAITS, 0, 0); });
+    market_->Subscribe({[this](const papercore::Quote& quote) {
+                            core_->OnQuote(quote);
+                            quotes_->Put(symbols_.IndexOf(quote.contract), quote);
+                        },
+                        [this](const papercore::DayEnd& end) { core_->OnDayEnd(end); }});
+    feed_ = std::make_unique<Feed>(*market_);
+    core_->Start();
+    if (!options_.manual_clock) feed_->Start();
+    if (options_.automation) {
+        automation_ = std::make_unique<automation::Automation>(Doors());
+        frame_->on_command = [this] { automation_->Wake(); };
+        automation::ReadLines(
+            stdin, [this](std::string line) { automation_->Put(std::move(line)); },
+            [this] { automation_->PutEnd(); });
+    }
+    ::PostMessageA(frame_->GetSafeHwnd(), WM_STATUS_WAITS, 0, 0);
+    frame_->OpenSignIn({});
+    return true;
+}
+
+bool Terminal::Translate(const MSG& message) {
+    const bool pressed = message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN ||
+                         message.message == WM_NCLBUTTONDOWN || message.message == WM_NCRBUTTONDOWN;
+    if (pressed && front_end_) static_cast<CBaseUI&>(*front_end_).gMouseDown(message.pt);
+    return frame_ && frame_->GetSafeHwnd() && frame_->HandleKey(message);
+}
+
+void Terminal::Close() {
+    if (closed_ || !core_) return;
+    closed_ = true;
+    if (feed_) feed_->Stop();
+    // A push may wait for this thread's windows.
+    core_->Stop([] { platform::testing::Pump(); });
+    WriteRemembered((fs::path(data_folder_) / kRememberedFile).string(), remembered_);
+    frame_.reset();
+    QmInterfaceUI::SetCallBack(nullptr);
+    front_end_.reset();
+}
+
+FrameSources Terminal::Sources() {
+    const auto contract = [this](int symbol) {
+        return symbols_.All()[static_cast<std::size_t>(symbol)].contract;
+    };
+    FrameSources sources;
+    sources.candles = [this, contract](int symbol, int minutes) {
+        std::vector<views::Candle> candles;
+        for (const market::Bar& bar : market_->Bars(contract(symbol), minutes)) {
+            candles.push_back({bar.time, bar.open, bar.high, bar.low, bar.close, bar.volume});
+        }
+        return candles;
+    };
+    sources.trades = [this, contract](int symbol) {
+        std::vector<views::TapeTrade> tape;
+        papercore::Price before = 0;
+        for (const market::Trade& trade : market_->RecentTrades(contract(symbol))) {
+            const int side = before == 0 || trade.price == before ? 0
+                             : trade.price > before               ? 1
+                                                                  : -1;
+            tape.push_back({trade.time, trade.price, trade.volume, side});
+            before = trade.price;
+        }
+        std::ranges::reverse(tape);
+        return tape;
+    };
+    sources.tick = [this, contract](int symbol) {
+        const papercore::ContractTerms* found =
+            terms_.Find(contract(symbol), market_->TradingDay());
+        return found ? found->tick : papercore::Price{1};
+    };
+    sources.marks = [this, contract, tick = sources.tick](int symbol) {
+        return core_->IsLoggedIn() ? MarksOf(core_->Look(), contract(symbol), tick(symbol))
+                                   : std::vector<views::ChartMark>();
+    };
+    sources.clock = [this] { return Clock(); };
+    sources.sign_in = [this](const std::string& account, const std::string& password) {
+        core_->Login(account.c_str(), password.c_str(), nullptr, nullptr);
+    };
+    return sources;
+}
+
+ClockTexts Terminal::Clock() const {
+    constexpr std::size_t kTimeLength = 19;
+    const std::string text = market_->ClockText();
+    ClockTexts clock;
+    clock.time = text.substr(0, kTimeLength);
+    if (text.size() > kTimeLength + 1) clock.phase = text.substr(kTimeLength + 1);
+    const double speed = market_->Speed();
+    if (market_->AtEnd()) {
+        clock.speed = "回放结束";
+    } else if (speed == market::kMaximumSpeed) {
+        clock.speed = "最快";
+    } else if (speed == 0) {
+        clock.speed = "单步";
+    } else if (speed != 1) {
+        char times[32];
+        text::FormatText(times, sizeof times, "×%g", speed);
+        clock.speed = times;
+    }
+    return clock;
+}
+
+void Terminal::TakeCoreNews() {
+    const CoreNews news = core_->TakeNews();
+    if (!news.progress.empty()) frame_->OnProgress(news.progress);
+    if (news.refused) frame_->OnSignInRefused(news.reason);
+    if (!core_->IsLoggedIn()) return;
+    frame_->SetAccountName(news.account);
+    if (news.ready) {
+        frame_->OnSessionReady();
+        core_->Report("登录成功");
+    }
+    if (news.funds || news.ready) ShowFunds(news.funds_text);
+    if (news.lists || news.ready) frame_->RefreshMarks();
+}
+
+// The front end works the figures out only with its margin profile on.
+void Terminal::ShowFunds(const std::string& front_end_text) {
+    const std::size_t first = front_end_text.find('|');
+    const std::size_t second = front_end_text.find('|', first + 1);
+    if (ReadUseProfile() == 1 && first != std::string::npos && second != std::string::npos) {
+        const std::size_t third = front_end_text.find('|', second + 1);
+        frame_->SetFunds(front_end_text.substr(0, first),
+                         front_end_text.substr(first + 1, second - first - 1),
+                         front_end_text.substr(second + 1, third - second - 1));
+        return;
+    }
+    const papercore::Funds funds = core_->Look().funds;
+    frame_->SetFunds(papercore::PlainMoneyText(funds.balance),
+                     papercore::PlainMoneyText(funds.available),
+                     papercore::PlainMoneyText(funds.open_profit));
+}
+
+}  // namespace terminal
