@@ -152,7 +152,13 @@ void PaperCore::OnDayEnd(const DayEnd& end) {
 
 bool PaperCore::Take(Event& event) {
     std::unique_lock lock(mutex_);
-    wake_.wait(lock, [this] { return stopping_ || !events_.empty(); });
+    const auto something = [this] { return stopping_ || !events_.empty(); };
+    while (prices_moved_ && !wake_.wait_until(lock, pushed_at_ + kFundsPause, something)) {
+        lock.unlock();
+        FollowPrices();
+        lock.lock();
+    }
+    wake_.wait(lock, something);
     // What was asked for before the end is still done, but nobody is told.
     if (stopping_) {
         logged_in_ = false;
@@ -186,6 +192,7 @@ void PaperCore::Handle(const Event& event) {
     now_ = quote.time;
     engine_.OnQuote(quote);
     Finish();
+    prices_moved_ = !engine_.Kept().lots.empty();
     FollowPrices();
 }
 
@@ -277,9 +284,10 @@ void PaperCore::PublishFunds(const Funds& funds) {
 // At most once a second: prices move far oftener.
 void PaperCore::FollowPrices() {
     const Clock::time_point now = Clock::now();
-    if (engine_.Kept().lots.empty() || now - pushed_at_ < kFundsPause) return;
+    if (!prices_moved_ || now - pushed_at_ < kFundsPause) return;
     const Funds funds = engine_.FundsNow();
     pushed_at_ = now;
+    prices_moved_ = false;
     if (funds.balance == pushed_funds_.balance && funds.available == pushed_funds_.available) {
         return;
     }

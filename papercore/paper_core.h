@@ -167,6 +167,7 @@ private:
     CZebError error_{};
     Instant now_ = 0;
     Funds pushed_funds_;
+    bool prices_moved_ = false;  ///< since funds were told
     std::chrono::steady_clock::time_point pushed_at_;
 
     Published published_;

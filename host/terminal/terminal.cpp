@@ -62,8 +62,8 @@ ULONG_PTR CALLBACK Terminal::HostCall(UINT message, WPARAM wParam, LPARAM lParam
 }
 
 std::string Terminal::Open() {
-    for (const auto step : {&Terminal::OpenFolders, &Terminal::OpenTerms, &Terminal::OpenMarket,
-                            &Terminal::OpenAccount}) {
+    for (const auto step : {&Terminal::OpenFolders, &Terminal::OpenTerms, &Terminal::OpenAccount,
+                            &Terminal::OpenMarket}) {
         const std::string fault = (this->*step)();
         if (!fault.empty()) return fault;
     }
@@ -122,6 +122,8 @@ std::string Terminal::OpenMarket() {
     } else if (options_.feed == FeedKind::kSimulator) {
         market::SimulatorOptions simulator;
         simulator.seed = options_.seed;
+        // The account's time never goes back.
+        simulator.first_day = std::max(simulator.first_day, account_day_);
         source = std::make_unique<market::Simulator>(terms_, simulator);
     } else {
         source = std::make_unique<market::ManualSource>(kManualStart);
@@ -154,6 +156,7 @@ std::string Terminal::OpenAccount() {
         papercore::Apply(state, created);
     }
     parts.store = std::move(store);
+    account_day_ = state.day;
     core_ =
         std::make_unique<TerminalCore>(std::move(parts), std::move(state), log_, options_.scale);
     return {};

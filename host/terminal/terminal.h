@@ -67,6 +67,7 @@ private:
     std::unique_ptr<automation::Automation> automation_;
     CFont panel_font_;
     std::size_t told_status_ = 0;
+    papercore::Day account_day_ = 0;
     bool new_account_ = false;
     bool closed_ = false;
 };
