@@ -21,6 +21,12 @@ constexpr int kQuietLooks = 3;
 constexpr int kFarthest = 30000;
 constexpr int kMostNotches = 100;
 
+/// A group box lies above what it frames, and hands the pointer on.
+bool LetsThrough(HWND window, POINT point) {
+    const LPARAM place = MAKELPARAM(point.x, point.y);
+    return window && SendMessageA(window, WM_NCHITTEST, 0, place) == HTTRANSPARENT;
+}
+
 /// Where a command points at: a place in the window it names (its middle without one), or on the
 /// screen. Throws Refusal where nothing can be pointed at.
 POINT PointOf(const json& command) {
@@ -39,7 +45,9 @@ POINT PointOf(const json& command) {
     if (!placed) point = {client.right / 2, client.bottom / 2};
     ClientToScreen(window, &point);
     const HWND hit = WindowFromPoint(point);
-    if (hit != window && !IsChild(window, hit)) throw Refusal{"the window is covered there"};
+    if (hit != window && !IsChild(window, hit) && !LetsThrough(hit, point)) {
+        throw Refusal{"the window is covered there"};
+    }
     return point;
 }
 
