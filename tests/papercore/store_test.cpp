@@ -22,9 +22,10 @@ protected:
     /// A day with everything that makes facts.
     void Trade() {
         Start(FenFromYuan(10'000'000));
-        Feed().Bid(899.99, 50).Ask(900.00, 50).Last(900.00);
-        Feed(kSpot).Bid(899.00, 50).Ask(900.00, 50).Last(900.00);
+        Feed().Previous(900.00).Bid(899.99, 50).Ask(900.00, 50).Last(900.00);
+        Feed(kSpot).Previous(900.00).Bid(899.00, 50).Ask(900.00, 50).Last(900.00);
         Buy(3).At(900.00).Note("手动下单");
+        ExpectAccepted();
         Buy(1).At(890.00).Note("\x81");
         CancelOrder();
         CPresetStop stop{};
