@@ -100,7 +100,7 @@ std::string SqliteStore::Open(const std::string& path) {
     }
     if (fault.empty() && is_new) fault = MakeNew();
     if (fault.empty()) fault = Do(database_.get(), "BEGIN IMMEDIATE; COMMIT");
-    if (fault == "database is locked") fault = "is in use by another program";
+    if (fault == "database is locked") fault = kInUse;
     if (!fault.empty()) return fault;
     insert_ = Prepare(database_.get(), "INSERT INTO journal(seq, line) VALUES(?, ?)");
     return insert_ ? std::string() : Fault();

@@ -23,6 +23,9 @@ public:
     virtual std::string Export(const std::function<void(std::string_view)>& line) = 0;
 };
 
+/// What OpenStore says of a file that another program has open.
+inline constexpr char kInUse[] = "is in use by another program";
+
 /// An account file (SQLite). The path is UTF-8. Null with `error` set when it can't be used.
 std::unique_ptr<Store> OpenStore(const std::string& path, std::string& error);
 

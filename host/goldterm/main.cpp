@@ -7,8 +7,8 @@
 #include <string>
 
 #include "controls/templates.h"
+#include "host/goldterm/terminal.h"
 #include "host/terminal/templates.h"
-#include "host/terminal/terminal.h"
 #include "platform/start.h"
 #include "platform/testing/input.h"
 

@@ -37,6 +37,7 @@ private:
     std::string OpenTerms();
     std::string OpenMarket();
     std::string OpenAccount();
+    static std::string ResetAccount(const std::string& path);
     FrameSources Sources();
     automation::Doors Doors();
     void TakeCoreNews();

@@ -1,4 +1,4 @@
-#include "host/terminal/terminal.h"
+#include "host/goldterm/terminal.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -134,11 +134,31 @@ std::string Terminal::OpenMarket() {
     return {};
 }
 
+// The former account stays beside it, under another name.
+std::string Terminal::ResetAccount(const std::string& path) {
+    std::error_code error;
+    if (!fs::exists(path, error)) return {};
+    std::string fault;
+    papercore::OpenStore(path, fault);
+    if (fault == papercore::kInUse) return path + ": " + fault;
+    std::fprintf(stderr,
+                 "goldterm: %s will be put aside and a new account made. Type yes: ", path.c_str());
+    char answer[16] = "";
+    const bool sure = std::fgets(answer, sizeof answer, stdin) && std::string(answer) == "yes\n";
+    if (!sure) return "the account stays as it is";
+    for (const char* tail : {"", "-wal", "-shm"}) {
+        if (fs::exists(path + tail, error)) fs::rename(path + tail, path + ".before" + tail, error);
+        if (error) return "cannot move " + path + tail;
+    }
+    return {};
+}
+
 std::string Terminal::OpenAccount() {
     const std::string path = options_.account_file.empty()
                                  ? (fs::path(data_folder_) / kAccountFile).string()
                                  : options_.account_file;
-    std::string fault;
+    std::string fault = options_.reset_account ? ResetAccount(path) : std::string();
+    if (!fault.empty()) return fault;
     std::unique_ptr<papercore::Store> store = papercore::OpenStore(path, fault);
     if (!store) return path + ": " + fault;
     papercore::State state;

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "host/automation/window_search.h"
-#include "host/terminal/terminal.h"
+#include "host/goldterm/terminal.h"
 #include "papercore/texts.h"
 #include "platform/testing/input.h"
 #include "platform/text/bounded_text.h"

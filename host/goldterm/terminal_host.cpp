@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/goldterm/terminal.h"
 #include "host/terminal/quote_record.h"
-#include "host/terminal/terminal.h"
 #include "host/views/view.h"
 #include "platform/text/bounded_text.h"
 #include "plugin/contract/host_function.h"
