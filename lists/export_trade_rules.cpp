@@ -16,26 +16,41 @@ namespace {
 char WithoutSeparator(char byte) { return byte == ',' || byte == '\n' ? ' ' : byte; }
 
 /// Is one of the word's bytes equal to `byte`? Their difference is 0 then, and a 0 borrows.
-constexpr bool HasByte(std::uint64_t word, char byte) {
-    constexpr std::uint64_t kOnes = 0x0101010101010101U;
-    const std::uint64_t rest = word ^ (kOnes * static_cast<unsigned char>(byte));
+template <class Word>
+constexpr bool HasByte(Word word, char byte) {
+    constexpr Word kOnes = static_cast<Word>(~Word{0}) / 0xFF;
+    const Word rest = word ^ (kOnes * static_cast<unsigned char>(byte));
     return ((rest - kOnes) & ~rest & (kOnes << 7)) != 0;
 }
 
-/// Copies with blanks for separators and answers where the copy ends. Nearly all texts have none,
-/// so it looks at eight bytes at a time.
-char* CopyWithoutSeparators(std::string_view text, char* to) {
-    const char* from = text.data();
-    const char* const end = from + text.size();
-    std::uint64_t word = 0;
-    for (; end - from >= std::ptrdiff_t{sizeof word}; from += sizeof word, to += sizeof word) {
-        std::memcpy(&word, from, sizeof word);
-        std::memcpy(to, &word, sizeof word);
-        if (HasByte(word, ',') || HasByte(word, '\n')) {
-            std::transform(to, to + sizeof word, to, WithoutSeparator);
-        }
+/// Copies the bytes of a word with blanks for separators; nearly all have none.
+template <class Word>
+void CopyWord(const char* from, char* to) {
+    Word word = 0;
+    std::memcpy(&word, from, sizeof word);
+    std::memcpy(to, &word, sizeof word);
+    if (HasByte(word, ',') || HasByte(word, '\n')) {
+        std::transform(to, to + sizeof word, to, WithoutSeparator);
     }
-    return std::transform(from, end, to, WithoutSeparator);
+}
+
+/// Copies a text that is as long as a word or longer; what is left for the last one overlaps.
+template <class Word>
+char* CopyWords(std::string_view text, char* to) {
+    const char* const last = text.data() + text.size() - sizeof(Word);
+    char* const last_to = to + text.size() - sizeof(Word);
+    for (const char* from = text.data(); from < last; from += sizeof(Word), to += sizeof(Word)) {
+        CopyWord<Word>(from, to);
+    }
+    CopyWord<Word>(last, last_to);
+    return last_to + sizeof(Word);
+}
+
+/// Copies with blanks for separators and answers where the copy ends.
+char* CopyWithoutSeparators(std::string_view text, char* to) {
+    if (text.size() >= sizeof(std::uint64_t)) return CopyWords<std::uint64_t>(text, to);
+    if (text.size() >= sizeof(std::uint32_t)) return CopyWords<std::uint32_t>(text, to);
+    return std::transform(text.begin(), text.end(), to, WithoutSeparator);
 }
 
 /// The contracts of the trades so far; there are few of them.
@@ -145,7 +160,7 @@ std::string ExportName(int year, int month, int day) {
 
 bool WriteTradeExport(std::span<const char* const> titles, std::span<const CZebTrade> trades,
                       const ContractSource* contracts, const ExportSink& sink) {
-    constexpr std::size_t kAhead = 4;
+    constexpr std::size_t kAhead = 12;
     CellWriter line(sink);
     for (const char* const title : titles) line.Cell(title);
     line.EndLine();

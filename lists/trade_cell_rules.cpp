@@ -46,15 +46,14 @@ std::string_view IntegerText(int number, TradeTextRoom& room) {
     return {room, static_cast<std::size_t>(written.ptr - room)};
 }
 
-std::string_view PriceText(double price, const CZebContract* contract, TradeTextRoom& room) {
+std::string_view TradePrice(double price, const CZebContract* contract, TradeTextRoom& room) {
     switch (contract != nullptr ? contract->nPriceDigits : kUsualDigits) {
-        case 3: FormatPrice(room, price, 3); break;
-        case 2: FormatPrice(room, price, 2); break;
+        case 3: return PriceText(room, price, 3);
+        case 2: return PriceText(room, price, 2);
         // Contracts with one decimal place have whole prices in this list.
-        case 1: FormatPrice(room, price, 0); break;
+        case 1: return PriceText(room, price, 0);
         default: return IntegerText(Truncated(price), room);
     }
-    return room;
 }
 
 UINT FormatOf(int column) {
@@ -76,7 +75,7 @@ std::string_view TradeText(const CZebTrade& trade, int column, const CZebContrac
         case kTradeContractColumn: return text::FieldText(trade.szContract);
         case kTradeDirectionColumn: return DirectionText(trade.cDirection);
         case kTradeOffsetColumn: return OffsetText(trade.cOffset, contract);
-        case kTradePriceColumn: return PriceText(trade.dPrice, contract, room);
+        case kTradePriceColumn: return TradePrice(trade.dPrice, contract, room);
         case kTradeVolumeColumn: return IntegerText(trade.nVolume, room);
         case kTradeOrderColumn: return text::FieldText(trade.szOrderNo);
         case kTradeNumberColumn: return text::FieldText(trade.szTradeNo);

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "lists/list_cell.h"
+#include "orderentry/number_rules.h"
 #include "plugin/contract/market_records.h"
 #include "plugin/contract/order_records.h"
 
@@ -23,7 +24,7 @@ enum TradeColumn : int {
 };
 
 /// Room for any number that a cell shows.
-using TradeTextRoom = char[320];
+using TradeTextRoom = PriceRoom;
 
 /// The text of a cell, which lies in the trade or in `room`. `contract` is the trade's, null if
 /// nobody knows it. Columns that there are none of have no text.

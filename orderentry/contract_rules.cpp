@@ -1,5 +1,6 @@
 #include "orderentry/contract_rules.h"
 
+#include <cstring>
 #include <map>
 #include <memory>
 #include <string_view>
@@ -23,7 +24,7 @@ ULONG_PTR Ask(UINT message, WPARAM wParam, const void* record) {
     return g_pfnHostCallBack(message, wParam, reinterpret_cast<LPARAM>(record));
 }
 
-constexpr std::string_view kSpotMarket = "GT-S";
+constexpr char kSpotMarket[] = "GT-S";
 
 struct ProductFactor {
     std::string_view code;
@@ -60,7 +61,9 @@ std::string ContractCode(const CZebContract& contract) {
 }
 
 bool IsSpot(const CZebContract& contract) {
-    return text::FieldText(contract.szMarket) == kSpotMarket;
+    // With its terminator. Lists ask this for each row.
+    static_assert(sizeof contract.szMarket >= sizeof kSpotMarket);
+    return std::memcmp(contract.szMarket, kSpotMarket, sizeof kSpotMarket) == 0;
 }
 
 bool HasOffset(const char* code) {

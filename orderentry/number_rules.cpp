@@ -119,3 +119,15 @@ bool FormatPrice(char* text, std::size_t size, double price, int digits) {
     text[copied] = '\0';
     return copied == length;
 }
+
+std::string_view PriceText(PriceRoom& room, double price, int digits) {
+    digits = UsableDigits(digits);
+    std::uint64_t places = 0;
+    if (!InLastPlaces(price, digits, &places)) {
+        text::FormatText(room, sizeof room, "%.*f", digits, price);
+        return room;
+    }
+    char* const end = room + sizeof room;
+    const char* const start = WritePlaces(end, places, digits);
+    return {start, static_cast<std::size_t>(end - start)};
+}

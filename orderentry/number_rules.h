@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 // Numbers as edit controls and orders write them. Nothing here depends on a locale.
 
@@ -26,3 +27,9 @@ template <std::size_t N>
 bool FormatPrice(char (&text)[N], double price, int digits) {
     return FormatPrice(text, N, price, digits);
 }
+
+/// Room for any price with usable digits.
+using PriceRoom = char[320];
+
+/// The same whole, somewhere in the room.
+std::string_view PriceText(PriceRoom& room, double price, int digits);

@@ -59,15 +59,16 @@ TEST(TradeExport, KeepsTheTableWholeWhateverTextsHold) {
 }
 
 TEST(TradeExport, FindsSeparatorsWhereverTheyStand) {
-    std::string number(60, '7');
-    for (std::size_t at = 0; at < number.size(); ++at) {
-        std::string text = number;
-        text[at] = at % 2 == 0 ? ',' : '\n';
-        std::string clean = number;
-        clean[at] = ' ';
-        const CZebTrade trade = MakeTrade(text.c_str(), ",");
-        const std::string file = TradeExport(kTitles, std::span(&trade, 1), nullptr);
-        EXPECT_TRUE(file.ends_with(",2, ,\t" + clean + "\t,\n")) << at;
+    for (const std::size_t length : {1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 60}) {
+        for (std::size_t at = 0; at < length; ++at) {
+            std::string clean(length, '7');
+            std::string text = clean;
+            text[at] = at % 2 == 0 ? ',' : '\n';
+            clean[at] = ' ';
+            const CZebTrade trade = MakeTrade(text.c_str(), ",");
+            const std::string file = TradeExport(kTitles, std::span(&trade, 1), nullptr);
+            EXPECT_TRUE(file.ends_with(",2, ,\t" + clean + "\t,\n")) << length << " " << at;
+        }
     }
 }
 
