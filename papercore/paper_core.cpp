@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <optional>
 #include <utility>
 
 #include "papercore/records.h"
@@ -124,9 +125,10 @@ void PaperCore::Stop(const std::function<void()>& pump) {
 }
 
 void PaperCore::Put(Event event) {
-    ++waiting_;
     {
         const std::scoped_lock lock(mutex_);
+        if (over_) return;
+        ++waiting_;
         events_.push_back(std::move(event));
     }
     wake_.notify_one();
@@ -144,6 +146,7 @@ void PaperCore::OnQuote(const Quote& quote) { Put(quote); }
 
 void PaperCore::OnDayEnd(const DayEnd& end) {
     Put([this, end] {
+        if (!Fault().empty()) return;
         now_ = end.time;
         engine_.OnDayEnd(end);
         Finish();
@@ -166,7 +169,10 @@ bool PaperCore::Take(Event& event) {
         waiting_ -= static_cast<int>(std::erase_if(
             events_, [](const Event& waiting) { return std::holds_alternative<Quote>(waiting); }));
     }
-    if (events_.empty()) return false;
+    if (events_.empty()) {
+        over_ = true;
+        return false;
+    }
     event = std::move(events_.front());
     events_.pop_front();
     return true;
@@ -244,11 +250,12 @@ void PaperCore::Publish() {
     lists.funds = engine_.FundsNow();
     published_.Set(std::move(lists));
     const std::scoped_lock lock(settings_mutex_);
-    kept_.param = TradeParamOf(state);
-    kept_.presets = state.presets;
+    kept_.params[0] = {TradeParamOf(state)};
+    kept_.presets.clear();
+    for (const auto& [key, record] : state.presets) kept_.presets[key] = {record};
     kept_.lot_stops.clear();
     for (const auto& [id, lot] : state.lots) {
-        if (lot.has_stop) kept_.lot_stops[id] = lot.stop.record;
+        if (lot.has_stop) kept_.lot_stops[id] = {lot.stop.record};
     }
 }
 
@@ -272,7 +279,7 @@ void PaperCore::Tell(const std::vector<Fact>& facts) {
         front_end_->OnUpdatePositionList(Account());
         front_end_->OnUpdatePositionGroupList(Account());
     }
-    if (changes.money) PushAccount();
+    if (changes.money) PushAccount(engine_.FundsNow());
 }
 
 void PaperCore::PublishFunds(const Funds& funds) {
@@ -285,19 +292,34 @@ void PaperCore::PublishFunds(const Funds& funds) {
 void PaperCore::FollowPrices() {
     const Clock::time_point now = Clock::now();
     if (!prices_moved_ || now - pushed_at_ < kFundsPause) return;
-    const Funds funds = engine_.FundsNow();
     pushed_at_ = now;
     prices_moved_ = false;
-    if (funds.balance == pushed_funds_.balance && funds.available == pushed_funds_.available) {
-        return;
-    }
+    // What the engine reckons with is not what is kept any more.
+    if (!Fault().empty() || !KeepMoves()) return;
+    const Funds funds = engine_.FundsNow();
     PublishFunds(funds);
-    if (Tells()) PushAccount();
+    const bool same =
+        funds.balance == pushed_funds_.balance && funds.available == pushed_funds_.available;
+    if (!same && Tells()) PushAccount(funds);
 }
 
-void PaperCore::PushAccount() {
+/// Keeps the best prices of floating stops and shows them; without this a crash would take back
+/// all of them since the last order. False when the store fails.
+bool PaperCore::KeepMoves() {
+    if (unkept_.empty()) return true;
+    const std::string fault = parts_.store->Append(std::exchange(unkept_, {}));
+    if (!fault.empty()) {
+        Break(fault);
+        return false;
+    }
+    Publish();
+    if (Tells()) front_end_->OnUpdatePositionGroupList(Account());
+    return true;
+}
+
+void PaperCore::PushAccount(const Funds& funds) {
     const auto summary = std::make_unique<CZebAccountSummary>();
-    pushed_funds_ = engine_.FundsNow();
+    pushed_funds_ = funds;
     pushed_at_ = Clock::now();
     FillSummary(pushed_funds_, *summary);
     front_end_->OnQueryAccountResult(Account(), Error({}), summary.get(), 0, StepDataMap());

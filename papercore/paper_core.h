@@ -8,7 +8,6 @@
 #include <map>
 #include <memory>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <thread>
 #include <variant>
@@ -137,18 +136,24 @@ private:
     void PublishFunds(const Funds& funds);
     void Tell(const std::vector<Fact>& facts);
     void FollowPrices();
-    void PushAccount();
+    bool KeepMoves();
+    void PushAccount(const Funds& funds);
     void Break(const std::string& fault);
     void Pause();
     CZebError* Error(const Answer& answer);
-    void Prompt(int first, int last);
-    void DoLogin(const std::string& account, const std::string& password);
+    bool Prompt(int login, int first, int last);
+    void DoLogin(int login, const std::string& account, const std::string& password);
+    bool AnswerLogin(int login, const CAccountInfo& asked, const Answer& answer);
     Answer CheckLogin(const std::string& account, const std::string& password);
+    /// Lets the session of this login begin, unless somebody logged out meanwhile.
+    bool BeginSession(int login);
+    bool IsWanted(int login);
     void DoInsert(CInsertOrderRequest record, int price_code, int source);
     void DoCancel(const std::string& ref, int session);
     void DoMaxVolume(const CQueryMaxVolume& query);
     void DoTradesByDate(int from, int to);
     void DoChangePassword(const CChangePasswordRequest& request);
+    Answer CheckPassword(const std::string& before, const std::string& after);
     void DoFunction(int function, const std::string& text);
     std::string MarketState(const std::string& text) const;
     const CAccountInfo* Account() const { return &account_; }
@@ -179,20 +184,41 @@ private:
     /// What other threads set and get. What they set counts for them at once, in front of what is
     /// kept, until it is kept itself.
     struct Settings {
-        std::optional<CTradeParam> param;
-        std::map<std::string, CPresetStop> presets;  ///< by exchange '|' contract
-        std::map<int, CPresetStop> lot_stops;
+        /// With the number of the call that set it: an earlier one that is kept by now is no
+        /// answer to it.
+        template <class Record>
+        struct One {
+            Record record;
+            std::uint64_t call = 0;
+        };
+        std::map<int, One<CTradeParam>> params;           ///< one, by 0
+        std::map<std::string, One<CPresetStop>> presets;  ///< by exchange '|' contract
+        std::map<int, One<CPresetStop>> lot_stops;
     };
+    template <class Key, class Record>
+    using SettingMap = std::map<Key, Settings::One<Record>> Settings::*;
+    template <class Key, class Record>
+    std::uint64_t AskSetting(SettingMap<Key, Record> map, const Key& key, const Record& record);
+    template <class Key, class Record>
+    void ForgetAsked(SettingMap<Key, Record> map, const Key& key, std::uint64_t call);
+    template <class Key, class Record>
+    void ReadSetting(SettingMap<Key, Record> map, const Key& key, Record* record);
     mutable std::mutex settings_mutex_;
     Settings asked_;
     Settings kept_;
+    std::uint64_t last_call_ = 0;
     CAccountInfo shown_account_{};
     std::string fault_;
+
+    std::mutex session_mutex_;
+    int logins_ended_ = 0;  ///< calls of Login so far when Logout was called last
+    int logins_ = 0;
 
     std::mutex mutex_;
     std::condition_variable wake_;
     std::deque<Event> events_;
     bool stopping_ = false;
+    bool over_ = false;  ///< what comes now is dropped
     std::atomic<bool> ended_ = false;
     std::thread thread_;
 };

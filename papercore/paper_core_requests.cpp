@@ -1,10 +1,13 @@
-#include <cstdlib>
+#include <algorithm>
+#include <charconv>
 #include <cstring>
 #include <utility>
 
+#include "papercore/order_rules.h"
 #include "papercore/paper_core.h"
 #include "papercore/records.h"
 #include "platform/text/bounded_text.h"
+#include "platform/text/gbk.h"
 
 // What the front end asks for.
 
@@ -12,6 +15,8 @@ namespace papercore {
 namespace {
 
 constexpr char kNoBank[] = "模拟账户暂不支持银行转账";
+constexpr char kNoStore[] = "账户文件无法写入，不再接受任何请求";
+constexpr char kNoSession[] = "尚未登录，委托未发出";
 constexpr char kNotYet[] = "模拟账户暂不支持此功能";
 constexpr std::size_t kLongestRequestText = 4096;
 
@@ -26,19 +31,16 @@ std::string PresetKey(const char* exchange, const char* contract) {
 
 /// Digits of an order's reference; 0 for anything else.
 OrderId OrderNumber(const std::string& ref) {
-    if (ref.empty() || ref.size() > 9) return 0;
-    if (ref.find_first_not_of("0123456789") != std::string::npos) return 0;
-    return std::atoi(ref.c_str());
+    OrderId id = 0;
+    const char* const end = ref.data() + ref.size();
+    const auto [rest, error] = std::from_chars(ref.data(), end, id);
+    return error == std::errc() && rest == end && id > 0 ? id : 0;
 }
 
-bool SameBytes(const auto& left, const auto& right) {
-    return std::memcmp(&left, &right, sizeof left) == 0;
-}
-
-template <class Key, class Value>
-void ForgetIfSame(std::map<Key, Value>& asked, const Key& key, const Value& value) {
-    const auto found = asked.find(key);
-    if (found != asked.end() && SameBytes(found->second, value)) asked.erase(found);
+/// A text of somebody else's as it can stand in front of others: a lone half of a character at its
+/// end would take the next one's first byte.
+std::string Whole(const std::string& text) {
+    return text.substr(0, text::PrefixLength(text + ' ', text.size()));
 }
 
 }  // namespace
@@ -81,77 +83,73 @@ int PaperCore::GetContractUnit(int, const char*, const char* contract, int, int)
 
 // Settings
 
-void PaperCore::GetTradeParam(CTradeParam* param) {
+template <class Key, class Record>
+std::uint64_t PaperCore::AskSetting(SettingMap<Key, Record> map, const Key& key,
+                                    const Record& record) {
     const std::scoped_lock lock(settings_mutex_);
-    if (param) *param = asked_.param ? *asked_.param : *kept_.param;
+    (asked_.*map)[key] = {record, ++last_call_};
+    return last_call_;
 }
+
+template <class Key, class Record>
+void PaperCore::ForgetAsked(SettingMap<Key, Record> map, const Key& key, std::uint64_t call) {
+    const std::scoped_lock lock(settings_mutex_);
+    const auto found = (asked_.*map).find(key);
+    if (found != (asked_.*map).end() && found->second.call == call) (asked_.*map).erase(found);
+}
+
+template <class Key, class Record>
+void PaperCore::ReadSetting(SettingMap<Key, Record> map, const Key& key, Record* record) {
+    if (!record) return;
+    const std::scoped_lock lock(settings_mutex_);
+    for (const Settings* settings : {&asked_, &kept_}) {
+        const auto found = (settings->*map).find(key);
+        if (found == (settings->*map).end()) continue;
+        *record = found->second.record;
+        return;
+    }
+}
+
+void PaperCore::GetTradeParam(CTradeParam* param) { ReadSetting(&Settings::params, 0, param); }
 
 void PaperCore::SetTradeParam(CTradeParam* param) {
     if (!param) return;
-    {
-        const std::scoped_lock lock(settings_mutex_);
-        asked_.param = *param;
-    }
-    Put([this, copy = *param] {
+    const std::uint64_t call = AskSetting(&Settings::params, 0, *param);
+    Put([this, call, copy = *param] {
         engine_.SetTradeParam(copy);
         Finish();
-        const std::scoped_lock lock(settings_mutex_);
-        if (asked_.param && SameBytes(*asked_.param, copy)) asked_.param.reset();
+        ForgetAsked(&Settings::params, 0, call);
     });
 }
 
 void PaperCore::GetPresetStop(const char* exchange, const char* contract, CPresetStop* stop) {
-    if (!stop) return;
-    const std::string key = PresetKey(exchange, contract);
-    const std::scoped_lock lock(settings_mutex_);
-    for (const Settings* settings : {&asked_, &kept_}) {
-        const auto found = settings->presets.find(key);
-        if (found == settings->presets.end()) continue;
-        *stop = found->second;
-        return;
-    }
+    ReadSetting(&Settings::presets, PresetKey(exchange, contract), stop);
 }
 
 void PaperCore::SetPresetStop(const char* exchange, const char* contract, CPresetStop* stop) {
     if (!stop) return;
     const std::string key = PresetKey(exchange, contract);
-    {
-        const std::scoped_lock lock(settings_mutex_);
-        asked_.presets[key] = *stop;
-    }
-    Put([this, key, copy = *stop] {
+    const std::uint64_t call = AskSetting(&Settings::presets, key, *stop);
+    Put([this, call, key, copy = *stop] {
         const std::size_t bar = key.find('|');
         engine_.SetPreset(key.substr(0, bar), key.substr(bar + 1), copy);
         Finish();
-        const std::scoped_lock lock(settings_mutex_);
-        ForgetIfSame(asked_.presets, key, copy);
+        ForgetAsked(&Settings::presets, key, call);
     });
 }
 
 void PaperCore::GetGroupStop(int groupId, CPresetStop* stop) {
-    if (!stop) return;
-    const std::scoped_lock lock(settings_mutex_);
-    for (const Settings* settings : {&asked_, &kept_}) {
-        const auto found = settings->lot_stops.find(groupId);
-        if (found == settings->lot_stops.end()) continue;
-        *stop = found->second;
-        return;
-    }
+    ReadSetting(&Settings::lot_stops, groupId, stop);
 }
 
 void PaperCore::SetGroupStop(int groupId, CPresetStop* stop) {
     if (!stop) return;
-    {
-        const std::scoped_lock lock(settings_mutex_);
-        asked_.lot_stops[groupId] = *stop;
-    }
-    Put([this, groupId, copy = *stop] {
-        const Answer answer = engine_.SetLotStop(groupId, copy);
+    const std::uint64_t call = AskSetting(&Settings::lot_stops, groupId, *stop);
+    Put([this, call, groupId, copy = *stop] {
+        Answer answer{kRefused, kNoStore, 0};
+        if (Fault().empty()) answer = engine_.SetLotStop(groupId, copy);
         Finish();
-        {
-            const std::scoped_lock lock(settings_mutex_);
-            ForgetIfSame(asked_.lot_stops, groupId, copy);
-        }
+        ForgetAsked(&Settings::lot_stops, groupId, call);
         if (answer.code != 0 && Tells()) {
             front_end_->OnSystemNotice(Account(), answer.text.c_str());
         }
@@ -160,6 +158,7 @@ void PaperCore::SetGroupStop(int groupId, CPresetStop* stop) {
 
 void PaperCore::StartStopMonitor() {
     Put([this] {
+        if (!Fault().empty()) return;
         engine_.WakeStops();
         Finish();
     });
@@ -170,34 +169,41 @@ void PaperCore::StartStopMonitor() {
 void PaperCore::InsertOrder(CInsertOrderRequest* request, CTradeParam*, unsigned char priceType,
                             int source) {
     if (!request) return;
+    if (!logged_in_) {
+        Ask([this, copy = *request]() mutable {
+            if (!front_end_) return;
+            front_end_->OnInsertOrderResult(Account(), Error({kRefused, kNoSession, 0}), &copy, 0);
+        });
+        return;
+    }
     Ask([this, copy = *request, priceType, source] { DoInsert(copy, priceType, source); });
 }
 
 void PaperCore::DoInsert(CInsertOrderRequest record, int price_code, int source) {
-    const std::string fault = Fault();
-    Answer answer{kRefused, "账户文件无法写入，委托未发出", 0};
-    if (fault.empty()) answer = engine_.Insert(RequestOf(record, price_code, source), now_);
+    Answer answer{kRefused, kNoStore, 0};
+    if (Fault().empty()) answer = engine_.Insert(RequestOf(record, price_code, source), now_);
     // Nothing is told before it is kept.
     Finish();
-    if (answer.code == 0 && !Fault().empty()) answer = {kRefused, "账户文件无法写入", 0};
+    if (answer.code == 0 && !Fault().empty()) answer = {kRefused, kNoStore, 0};
     if (Tells()) front_end_->OnInsertOrderResult(Account(), Error(answer), &record, answer.order);
 }
 
 void PaperCore::CancelOrder(CZebOrder*, const char* orderRef, const char*, int session) {
     const std::string ref = Bounded(orderRef, sizeof(CZebOrder::szOrderRef) - 1);
+    if (!logged_in_) return;
     Ask([this, ref, session] { DoCancel(ref, session); });
 }
 
 void PaperCore::DoCancel(const std::string& ref, int session) {
     const OrderId id = OrderNumber(ref);
-    const auto found = engine_.Kept().orders.find(id);
-    Answer answer{kRefused, "委托" + ref + "不存在，不能撤单", 0};
-    const bool known = found != engine_.Kept().orders.end() && found->second.session == session;
-    if (known) answer = engine_.Cancel(id, now_);
-    Finish();
-    if (known && answer.code == 0 && !Fault().empty()) answer = {kRefused, "账户文件无法写入", 0};
-    if (answer.code == 0 || !Tells()) return;
+    const auto found = told_.orders.find(id);
+    Answer answer{kRefused, "委托" + Whole(ref) + "不存在，不能撤单", 0};
+    const bool known = found != told_.orders.end() && found->second.session == session;
     const std::string contract = known ? found->second.contract : std::string();
+    if (known && Fault().empty()) answer = engine_.Cancel(id, now_);
+    Finish();
+    if (!Fault().empty()) answer = {kRefused, kNoStore, 0};
+    if (answer.code == 0 || !Tells()) return;
     front_end_->OnCancelOrderResult(Account(), Error(answer), contract.c_str(), ref.c_str(), 0);
 }
 
@@ -220,8 +226,11 @@ void PaperCore::DoMaxVolume(const CQueryMaxVolume& query) {
     result.cDirection = query.cDirection;
     result.cOffset = query.cOffset;
     const std::string contract(text::FieldText(query.szContract));
-    const std::int64_t most =
-        engine_.MaxVolume(contract, query.cDirection, query.cOffset, PriceFromYuan(query.dPrice));
+    std::int64_t most = 0;
+    if (Fault().empty()) {
+        const Price price = PriceFromYuan(query.dPrice);
+        most = engine_.MaxVolume(contract, query.cDirection, query.cOffset, price);
+    }
     result.nMaxVolume = static_cast<std::int32_t>(std::clamp<std::int64_t>(most, 0, INT32_MAX));
     front_end_->OnQueryMaxVolumeResult(Account(), Error({}), &result, 0);
 }
@@ -233,7 +242,7 @@ void PaperCore::QueryTradeByDate(int from, int to, int) {
 void PaperCore::DoTradesByDate(int from, int to) {
     if (!Tells()) return;
     std::vector<const Trade*> found;
-    for (const auto* trades : {&engine_.Kept().history, &engine_.Kept().trades}) {
+    for (const auto* trades : {&told_.history, &told_.trades}) {
         for (const Trade& trade : *trades) {
             if (trade.day >= from && trade.day <= to) found.push_back(&trade);
         }
@@ -250,7 +259,9 @@ void PaperCore::DoTradesByDate(int from, int to) {
 
 void PaperCore::QueryAccount(int) {
     Ask([this] {
-        if (Tells()) PushAccount();
+        if (!Tells()) return;
+        if (Fault().empty()) PublishFunds(engine_.FundsNow());
+        PushAccount(published_.Get().funds);
     });
 }
 
@@ -317,11 +328,11 @@ void PaperCore::DoFunction(int function, const std::string& text) {
 
 std::string PaperCore::MarketState(const std::string& text) const {
     const std::size_t bar = text.find('|');
-    const std::string contract = bar == std::string::npos ? std::string() : text.substr(bar + 1);
+    std::string contract = bar == std::string::npos ? std::string() : text.substr(bar + 1);
+    contract.resize(std::min(contract.find('|'), contract.size()));
     const ContractTerms* terms = parts_.terms.Find(contract, engine_.Kept().day);
     if (!terms) return "0|0|0|N|" + text + "|";
-    const Quote* quote = engine_.LastQuote(contract);
-    const bool open = quote && quote->phase != MarketPhase::kClosed;
+    const bool open = CheckMarket(engine_.LastQuote(contract), engine_.Kept().day).empty();
     return "0|0|0|Y|" + terms->exchange + "|" + contract + (open ? "|1|" : "|2|");
 }
 

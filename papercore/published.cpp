@@ -35,6 +35,15 @@ Lists Published::Get() const {
     return lists_;
 }
 
+void Published::Unpin() {
+    const std::scoped_lock lock(mutex_);
+    contract_pins_.clear();
+    order_pins_.clear();
+    trade_pins_.clear();
+    position_pins_.clear();
+    lot_pins_.clear();
+}
+
 template <class Record>
 int Published::Read(Shared<Record> Lists::*list, Record* buffer, int capacity) {
     Shared<Record> read;

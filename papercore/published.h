@@ -37,6 +37,8 @@ public:
     /// thread; then at most `capacity` records of what was pinned, or else of the newest list.
     template <class Record>
     int Read(Shared<Record> Lists::*list, Record* buffer, int capacity);
+    /// Forgets what was promised.
+    void Unpin();
 
 private:
     template <class Record>
