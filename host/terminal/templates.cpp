@@ -68,15 +68,22 @@ constexpr DialogControl kParamControls[] = {
     PushButton(IDCANCEL, "取消", Pixels(344, 369, 88, 27)),
 };
 
-constexpr char kNames[] = "F1\r\nF5\r\nF9\r\nCtrl+1 … 6\r\n↑ ↓\r\n← →\r\nEsc";
-constexpr char kMeanings[] =
-    "本页\r\n刷新委托、成交和持仓\r\n光标到下单页\r\n切换页面\r\n在行情表中切换合约\r\n"
-    "在图表中前后移动，滚轮缩放\r\n关闭弹出的窗口，从不下单、撤单或平仓";
-
 constexpr DialogControl kHelpControls[] = {
-    Label(-1, kNames, Pixels(24, 24, 96, 120)),
-    Label(-1, kMeanings, Pixels(126, 24, 264, 120)),
-    DefaultButton(IDOK, "关闭", Pixels(150, 159, 96, 27)),
+    Label(-1, "F1", Pixels(24, 24, 84, 15)),
+    Label(-1, "本页", Pixels(120, 24, 270, 15)),
+    Label(-1, "F5", Pixels(24, 48, 84, 15)),
+    Label(-1, "刷新委托、成交和持仓", Pixels(120, 48, 270, 15)),
+    Label(-1, "F9", Pixels(24, 72, 84, 15)),
+    Label(-1, "光标到下单页", Pixels(120, 72, 270, 15)),
+    Label(-1, "Ctrl+1 … 6", Pixels(24, 96, 84, 15)),
+    Label(-1, "切换页面", Pixels(120, 96, 270, 15)),
+    Label(-1, "↑ ↓", Pixels(24, 120, 84, 15)),
+    Label(-1, "在行情表中切换合约", Pixels(120, 120, 270, 15)),
+    Label(-1, "← →", Pixels(24, 144, 84, 15)),
+    Label(-1, "在图表中前后移动，滚轮缩放", Pixels(120, 144, 270, 15)),
+    Label(-1, "Esc", Pixels(24, 168, 84, 15)),
+    Label(-1, "关闭弹出的窗口，从不下单、撤单或平仓", Pixels(120, 168, 270, 15)),
+    DefaultButton(IDOK, "关闭", Pixels(153, 201, 96, 27)),
 };
 
 constexpr DialogTemplate kDialogs[] = {
@@ -93,7 +100,7 @@ constexpr DialogTemplate kDialogs[] = {
     {.id = kHelpDialog,
      .title = "快捷键",
      .width = Units(402),
-     .height = Units(201),
+     .height = Units(240),
      .controls = kHelpControls},
 };
 

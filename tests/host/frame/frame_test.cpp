@@ -26,10 +26,8 @@ using namespace terminal;
 using papercore::PriceFromYuan;
 using platform::testing::Click;
 using platform::testing::Key;
-using platform::testing::Modifier;
 using platform::testing::Pump;
 using platform::testing::SeenText;
-using testing::HasSubstr;
 
 const toolkit::TemplateTable kTables[] = {controls::kTemplates, terminal::kTemplates};
 CWinApp app;
@@ -119,7 +117,7 @@ TEST_F(FrameTest, PagesAreChosenByTheMenuAndByKeys) {
     EXPECT_EQ(frame_->pages().Page(), 4);
     MSG key{};
     key.message = WM_KEYDOWN;
-    for (const WPARAM digit : {'2', '9', '1'}) {
+    for (const unsigned char digit : {'2', '9', '1'}) {
         key.wParam = digit;
         keybd_event(VK_CONTROL, 0, 0, 0);
         Pump();
