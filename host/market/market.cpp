@@ -14,7 +14,7 @@ using papercore::Instant;
 using papercore::Quote;
 
 constexpr std::size_t kMostTrades = 200;
-constexpr std::size_t kMostMinutes = 2000;
+constexpr std::size_t kMostMinutes = 3000;
 /// Nobody wants to wait through a night: the clock leaps over what is longer.
 constexpr Instant kLongestPause = 10 * kMinute;
 constexpr Instant kEndOfTime = std::numeric_limits<Instant>::max() / 4;
@@ -38,6 +38,17 @@ void AddTo(Bar& bar, const Bar& more) {
     bar.low = std::min(bar.low, more.low);
     bar.close = more.close;
     bar.volume += more.volume;
+}
+
+/// What a chart shows of a quote: its trade, else the last price of the day, else the middle.
+papercore::Price PriceOf(const Quote& quote) {
+    if (quote.trade_volume > 0 && quote.trade_price > 0) return quote.trade_price;
+    if (quote.phase != papercore::MarketPhase::kContinuous) return 0;
+    const bool of_today = quote.volume > 0 || quote.last != quote.previous_close;
+    if (quote.last > 0 && of_today) return quote.last;
+    const papercore::Price bid = quote.bid[0].price;
+    const papercore::Price ask = quote.ask[0].price;
+    return bid > 0 && ask > 0 ? (bid + ask) / 2 : std::max(bid, ask);
 }
 
 }  // namespace
@@ -165,21 +176,37 @@ void Market::Tell(const Event& event) {
 
 void Market::Remember(const Quote& quote) {
     Contract& contract = contracts_[quote.contract];
-    if (contract.last.trading_day != quote.trading_day) contract.minutes.clear();
+    if (contract.last.trading_day != quote.trading_day) {
+        const auto begin = contract.minutes.begin();
+        contract.minutes.erase(begin,
+                               begin + static_cast<std::ptrdiff_t>(contract.of_previous_day));
+        contract.of_previous_day = contract.minutes.size();
+    }
     contract.last = quote;
     day_ = quote.trading_day;
     phase_ = quote.phase;
+    AddMinute(contract);
     if (quote.trade_volume <= 0 || quote.trade_price <= 0) return;
     contract.trades.push_back({quote.time, quote.trade_price, quote.trade_volume});
     if (contract.trades.size() > kMostTrades) contract.trades.pop_front();
-    const papercore::Price price = quote.trade_price;
-    const Bar bar{BeginOfBar(quote.time, 1), price, price, price, price, quote.trade_volume};
+}
+
+void Market::AddMinute(Contract& contract) {
+    const Quote& quote = contract.last;
+    const papercore::Price price = PriceOf(quote);
+    if (price <= 0) return;
+    const std::int64_t volume =
+        quote.trade_price > 0 ? std::max<std::int64_t>(0, quote.trade_volume) : 0;
+    const Bar bar{BeginOfBar(quote.time, 1), price, price, price, price, volume};
     if (!contract.minutes.empty() && contract.minutes.back().time == bar.time) {
         AddTo(contract.minutes.back(), bar);
     } else {
         contract.minutes.push_back(bar);
     }
-    if (contract.minutes.size() > kMostMinutes) contract.minutes.pop_front();
+    if (contract.minutes.size() > kMostMinutes) {
+        contract.minutes.pop_front();
+        if (contract.of_previous_day > 0) --contract.of_previous_day;
+    }
 }
 
 Instant Market::Now() const {
@@ -228,13 +255,17 @@ std::vector<Trade> Market::RecentTrades(std::string_view contract) const {
     return {found->second.trades.begin(), found->second.trades.end()};
 }
 
-std::vector<Bar> Market::Bars(std::string_view contract, int minutes) const {
+std::vector<Bar> Market::Bars(std::string_view name, int minutes) const {
     const std::lock_guard lock(mutex_);
-    const auto found = contracts_.find(contract);
+    const auto found = contracts_.find(name);
     std::vector<Bar> result;
     if (found == contracts_.end()) return result;
     const int length = std::clamp(minutes, 1, 24 * 60);
-    for (const Bar& minute : found->second.minutes) {
+    const Contract& contract = found->second;
+    const bool of_today = minutes == 0 && contract.of_previous_day < contract.minutes.size();
+    for (std::size_t at = of_today ? contract.of_previous_day : 0; at < contract.minutes.size();
+         ++at) {
+        const Bar& minute = contract.minutes[at];
         const Instant begin = BeginOfBar(minute.time, length);
         if (!result.empty() && result.back().time == begin) {
             AddTo(result.back(), minute);

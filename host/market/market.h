@@ -25,7 +25,7 @@ struct Trade {
     std::int64_t volume = 0;
 };
 
-/// What was traded in a stretch of minutes.
+/// Prices of a stretch of minutes: of trades and, between them, of quotes.
 struct Bar {
     papercore::Instant time = 0;  ///< its begin
     papercore::Price open = 0;
@@ -79,20 +79,23 @@ public:
     std::vector<papercore::Quote> LastQuotes() const;
     /// The newest last; at most 200.
     std::vector<Trade> RecentTrades(std::string_view contract) const;
-    /// Bars of 1, 5, 15, 60 or any number of minutes of the present trading day, the newest last.
-    /// 0: the line of the day, one bar a minute.
-    std::vector<Bar> Bars(std::string_view contract, int minutes) const;
+    /// Bars of 1, 5, 15, 60 or any number of minutes of this trading day and the one before, the
+    /// newest last. 0: the line of the present day (until it has a price, of the one before), one
+    /// bar a minute.
+    std::vector<Bar> Bars(std::string_view name, int minutes) const;
 
 private:
     struct Contract {
         papercore::Quote last;
         std::deque<Trade> trades;
         std::deque<Bar> minutes;
+        std::size_t of_previous_day = 0;  ///< how many of them
     };
 
     bool TakeNext(papercore::Instant& until, Event& event);
     void Tell(const Event& event);
     void Remember(const papercore::Quote& quote);
+    static void AddMinute(Contract& contract);
     std::vector<std::shared_ptr<const Subscriber>> Subscribers() const;
 
     mutable std::mutex mutex_;

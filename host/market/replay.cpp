@@ -1,7 +1,9 @@
 #include "host/market/replay.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "host/market/civil_time.h"
@@ -17,6 +19,34 @@ using papercore::Quote;
 constexpr std::int64_t kUsualSize = 10;
 constexpr Instant kBarStep = 15'000;
 constexpr std::int64_t kMostLots = 1'000'000'000;
+constexpr std::size_t kLongestLine = 4096;
+/// Limits and levels around a price stay prices themselves.
+constexpr double kHighestInFile = papercore::kHighestPrice / papercore::kPriceScale / 2;
+
+/// Memory stays bounded whatever the file is: the rest of a long line is passed over. False at the
+/// end of the file.
+bool TakeLine(std::istream& input, std::string& line, bool& cut) {
+    std::array<char, kLongestLine + 1> piece;
+    input.getline(piece.data(), piece.size());
+    auto length = static_cast<std::size_t>(input.gcount());
+    if (input.bad() || (input.eof() && length == 0)) return false;
+    cut = input.fail() && !input.eof();
+    if (cut) {
+        input.clear();
+        input.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
+    } else if (!input.eof()) {
+        --length;
+    }
+    line.assign(piece.data(), length);
+    return true;
+}
+
+double HighestOf(const Row& row) {
+    double highest = std::max({row.open, row.high, row.last});
+    for (const double bid : row.bid) highest = std::max(highest, bid);
+    for (const double ask : row.ask) highest = std::max(highest, ask);
+    return highest;
+}
 
 Price Limit(Price base, papercore::Ppm rate, Price tick, int direction) {
     const Price range = papercore::Share(base, rate) / tick * tick;
@@ -31,14 +61,15 @@ Replay::Replay(std::unique_ptr<std::istream> input, ReplayOptions options,
       options_(std::move(options)),
       terms_(terms),
       report_(std::move(report)) {
+    bool cut = false;
     quote_.contract = options_.contract;
     if (!terms_.Find(options_.contract, 0)) {
         fault_ = "no terms for contract " + options_.contract;
     } else if (!(options_.price_factor > 0) || !(options_.volume_factor > 0)) {
         fault_ = "a factor is not above 0";
-    } else if (!input_ || !std::getline(*input_, text_)) {
+    } else if (!input_ || !TakeLine(*input_, text_, cut)) {
         fault_ = "the file can't be read or is empty";
-    } else if (reader_.ReadHeader(text_) == Layout::kUnknown) {
+    } else if (cut || reader_.ReadHeader(text_) == Layout::kUnknown) {
         fault_ = "the columns are those of no known layout";
     }
     if (!fault_.empty()) {
@@ -65,20 +96,19 @@ void Replay::Malform(const std::string& fault) {
 }
 
 bool Replay::ReadRow() {
-    if (!std::getline(*input_, text_)) {
+    bool cut = false;
+    if (!TakeLine(*input_, text_, cut)) {
         finished_ = true;
         if (quote_.trading_day != 0) FinishDay(NextBusinessDay(quote_.trading_day));
         return false;
     }
     ++line_;
     Row row;
-    std::string fault = reader_.Read(text_, row);
+    std::string fault = cut ? "line too long" : reader_.Read(text_, row);
     if (fault.empty() && row.trading_day == 0) row.trading_day = TradingDayOf(row.time);
     if (fault.empty() && row.time < last_time_) fault = "earlier than the row before";
     if (fault.empty() && row.trading_day < quote_.trading_day) fault = "an earlier trading day";
-    const double highest = std::max({row.last, row.high, row.bid[0], row.ask[0]});
-    const double scaled = highest * options_.price_factor;
-    if (fault.empty() && scaled > papercore::YuanFromPrice(papercore::kHighestPrice)) {
+    if (fault.empty() && HighestOf(row) * options_.price_factor > kHighestInFile) {
         fault = "price too high";
     }
     if (!fault.empty()) {
@@ -199,7 +229,7 @@ void Replay::AddTick(const Row& row) {
     if (reader_.Kind() == Layout::kDepth) {
         const double more = file_volume_ < 0 ? 0 : std::max(0.0, row.volume - file_volume_);
         file_volume_ = row.volume;
-        Trade(PriceOf(row.last), VolumeOf(more));
+        if (row.last > 0) Trade(PriceOf(row.last), VolumeOf(more));
     } else {
         // A dealer's quotes have no trades; the middle stands for the last price.
         const double bid = row.bid[0] > 0 ? row.bid[0] : row.ask[0];

@@ -139,14 +139,12 @@ double* Place(int field, std::size_t level, Row& row) {
 /// What a row of its layout must have.
 const char* Missing(Layout layout, const Row& row) {
     if (row.time == 0) return "no time";
-    const bool crossed = row.bid[0] > 0 && row.ask[0] > 0 && row.bid[0] > row.ask[0];
-    if (crossed) return "bid above ask";
-    if (layout == Layout::kQuotes && row.bid[0] <= 0 && row.ask[0] <= 0) return "no price";
-    if (layout == Layout::kDepth && row.last <= 0) return "no last price";
-    if (layout == Layout::kTrades && (row.last <= 0 || row.volume <= 0)) return "no trade";
+    const bool quoted = row.bid[0] > 0 || row.ask[0] > 0;
+    if (layout == Layout::kQuotes && !quoted) return "no price";
+    if (layout == Layout::kDepth && !quoted && row.last <= 0) return "no price";
+    if (layout == Layout::kTrades && row.last <= 0) return "no price";
     if (layout != Layout::kBars && layout != Layout::kQuotedBars) return nullptr;
     const bool traded = row.open > 0 && row.high > 0 && row.low > 0 && row.last > 0;
-    const bool quoted = row.bid[0] > 0 || row.ask[0] > 0;
     if (!traded && (layout == Layout::kBars || row.volume > 0)) return "no prices";
     if (!traded && !quoted) return "no prices";
     const bool inside =
