@@ -17,6 +17,9 @@ constexpr Instant kStep = 500;
 constexpr int kOpening = 33 * 60;
 constexpr int kFirstMinute = 18 * 60;
 constexpr int kLastMinute = 48 * 60;
+/// Share of the steps in which a contract moves: calm, and in the busiest minutes.
+constexpr double kCalm = 0.15;
+constexpr double kBusy = 0.42;
 
 }  // namespace
 
@@ -106,7 +109,7 @@ MarketPhase Simulator::PhaseOf(const Contract& contract) const {
 void Simulator::Walk(Metal& metal) {
     if (Uniform() < 0.0008) metal.burst = 6;
     metal.burst += (1 - metal.burst) * 0.01;
-    metal.away += -0.00005 * metal.away + 0.00002 * metal.burst * Bell();
+    metal.away += -0.00005 * metal.away + 0.00002 * options_.volatility * metal.burst * Bell();
 }
 
 void Simulator::MakeTicks() {
@@ -120,9 +123,12 @@ void Simulator::MakeTicks() {
         const MarketPhase phase = PhaseOf(contract);
         const bool changed = phase != contract.quote.phase;
         contract.quote.phase = phase;
+        const Metal& metal = contract.silver ? silver_ : gold_;
+        const double activity = std::min(kBusy, kCalm + 0.08 * (metal.burst - 1));
+        if (phase == MarketPhase::kAuction) Collect(contract);
         if (phase == MarketPhase::kContinuous) {
-            if (changed || Uniform() < 0.7) Tick(contract);
-        } else if (changed) {
+            if (changed || Uniform() < activity) Tick(contract);
+        } else if (changed || (phase == MarketPhase::kAuction && Uniform() < 0.02)) {
             contract.quote.trade_price = 0;
             contract.quote.trade_volume = 0;
             contract.quote.bid = {};
@@ -136,17 +142,43 @@ void Simulator::MakeTicks() {
 
 void Simulator::Tick(Contract& contract) {
     Quote& quote = contract.quote;
-    const Metal& metal = contract.silver ? silver_ : gold_;
     contract.away += -0.01 * contract.away + 0.000008 * Bell();
-    const double value = metal.price * (1 + metal.away + contract.away);
-    const Price tick = contract.terms->tick;
-    const Price middle = papercore::PriceFromYuan(value) / tick * tick;
-    Levels(contract, std::clamp(middle, quote.lower_limit, quote.upper_limit));
+    Levels(contract, MiddleOf(contract));
     quote.trade_price = 0;
     quote.trade_volume = 0;
-    if (Uniform() < 0.45) Trade(contract);
+    if (!Open(contract) && Uniform() < 0.45) Trade(contract);
     quote.time = time_;
     ready_.emplace_back(quote);
+}
+
+Price Simulator::MiddleOf(const Contract& contract) const {
+    const Metal& metal = contract.silver ? silver_ : gold_;
+    const double value = metal.price * (1 + metal.away + contract.away);
+    const Price tick = contract.terms->tick;
+    return std::clamp(papercore::PriceFromYuan(value) / tick * tick, contract.quote.lower_limit,
+                      contract.quote.upper_limit);
+}
+
+/// Somebody joins the auction, with a price around the value.
+void Simulator::Collect(Contract& contract) {
+    if (Uniform() >= 0.1) return;
+    papercore::Interest interest;
+    interest.side = Uniform() < 0.5 ? papercore::Side::kBuy : papercore::Side::kSell;
+    interest.price = MiddleOf(contract) + contract.terms->tick * Whole(-8, 8);
+    interest.price =
+        std::clamp(interest.price, contract.quote.lower_limit, contract.quote.upper_limit);
+    interest.volume = Whole(1, 20);
+    contract.crowd.push_back(interest);
+}
+
+/// The auction's end: its one trade, if an auction was held and buyers met sellers.
+bool Simulator::Open(Contract& contract) {
+    if (contract.crowd.empty()) return false;
+    const auto result = papercore::Uncross(contract.crowd, contract.quote.previous_close);
+    contract.crowd.clear();
+    if (result.volume <= 0) return false;
+    Print(contract, result.price, result.volume);
+    return true;
 }
 
 void Simulator::Levels(Contract& contract, Price middle) {
@@ -167,12 +199,15 @@ void Simulator::Levels(Contract& contract, Price middle) {
 }
 
 void Simulator::Trade(Contract& contract) {
-    Quote& quote = contract.quote;
     const bool bought = Uniform() < 0.5;
-    const papercore::Level& level = bought ? quote.ask[0] : quote.bid[0];
-    if (level.price == 0) return;
-    quote.trade_price = quote.last = level.price;
-    quote.trade_volume = Whole(1, 12);
+    const papercore::Level& level = bought ? contract.quote.ask[0] : contract.quote.bid[0];
+    if (level.price > 0) Print(contract, level.price, Whole(1, 12));
+}
+
+void Simulator::Print(Contract& contract, Price price, std::int64_t volume) {
+    Quote& quote = contract.quote;
+    quote.trade_price = quote.last = price;
+    quote.trade_volume = volume;
     if (quote.open == 0) quote.open = quote.last;
     quote.high = std::max(quote.high, quote.last);
     quote.low = quote.low == 0 ? quote.last : std::min(quote.low, quote.last);

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/market/source.h"
+#include "papercore/auction.h"
 #include "papercore/contract_terms.h"
 
 namespace market {
@@ -15,6 +16,7 @@ struct SimulatorOptions {
     std::uint64_t seed = 1;
     papercore::Day first_day = 20260302;
     double gold = 900;      ///< yuan a gram around which gold moves
+    double volatility = 1;  ///< times a calm day
     double silver = 11000;  ///< yuan a kilogram; for contracts whose names begin with "Ag"
 };
 
@@ -36,7 +38,8 @@ private:
         papercore::Quote quote;
         const papercore::ContractTerms* terms = nullptr;
         bool silver = false;
-        double away = 0;  ///< its own, beside its metal's
+        double away = 0;                         ///< its own, beside its metal's
+        std::vector<papercore::Interest> crowd;  ///< of the auction
     };
 
     double Uniform();
@@ -50,6 +53,10 @@ private:
     void Tick(Contract& contract);
     void Levels(Contract& contract, papercore::Price middle);
     void Trade(Contract& contract);
+    void Print(Contract& contract, papercore::Price price, std::int64_t volume);
+    papercore::Price MiddleOf(const Contract& contract) const;
+    void Collect(Contract& contract);
+    bool Open(Contract& contract);
 
     papercore::TermsTable terms_;
     SimulatorOptions options_;

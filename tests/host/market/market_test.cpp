@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
 #include <sstream>
 
 #include "host/market/civil_time.h"
@@ -189,6 +194,106 @@ TEST(Replay, SurvivesAnyBytes) {
         }
         for (const Quote& quote : ReplayText(text).quotes) EXPECT_TRUE(IsSane(quote));
     }
+}
+
+TEST(Replay, HandsOnCrossedQuotesAndPricesWithoutVolume) {
+    const Replayed crossed = ReplayText("time,bid,ask\n2026-03-02T09:00:00,302,301\n");
+    ASSERT_EQ(1U, crossed.quotes.size());
+    EXPECT_EQ(PriceFromYuan(302), crossed.quotes[0].bid[0].price);
+    const Replayed still = ReplayText("time,price,qty\n2026-03-02T09:00:00,300,0\n");
+    ASSERT_EQ(1U, still.quotes.size());
+    EXPECT_EQ(PriceFromYuan(300), still.quotes[0].last);
+    EXPECT_EQ(0, still.quotes[0].trade_volume);
+}
+
+TEST(Replay, PassesOverALineThatNeverEnds) {
+    const std::string good = "2026-03-02T09:00:00,300,2";
+    const Replayed run =
+        ReplayText("time,price,qty\n" + std::string(100'000, '1') + "\n" + good + "\n" + good);
+    EXPECT_EQ(std::vector<std::size_t>{2}, run.malformed);
+    EXPECT_EQ(2U, run.quotes.size());
+}
+
+TEST(Replay, ReadsRecordedFilesTheSameTwice) {
+    struct Case {
+        const char* file;
+        std::size_t quotes;
+    };
+    const Case cases[] = {{"shfe_cu1909_tick5_sample.csv", 200},
+                          {"xauusd_tick_20140502.csv", 28'686},
+                          {"comex_gc201312_trades_20131008.csv", 19'132},
+                          {"shfe_au1912_1min_201906.csv", 4 * 12'990}};
+    if (!std::filesystem::exists(std::filesystem::path(REPLAY_DATA) / cases[0].file)) {
+        GTEST_SKIP() << "no recordings in REPLAY_DATA \"" REPLAY_DATA "\"";
+    }
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.file);
+        std::ifstream file(std::filesystem::path(REPLAY_DATA) / each.file, std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        const Replayed once = ReplayText(text);
+        const Replayed again = ReplayText(text);
+        EXPECT_TRUE(once.malformed.empty());
+        ASSERT_EQ(each.quotes, once.quotes.size());
+        ASSERT_EQ(each.quotes, again.quotes.size());
+        for (std::size_t at = 0; at < once.quotes.size(); ++at) {
+            ASSERT_EQ(Line(once.quotes[at]), Line(again.quotes[at]));
+        }
+    }
+}
+
+TEST(Simulator, MakesAPlausibleDayFromTheShippedTerms) {
+    std::ifstream file(CONTRACT_TERMS, std::ios::binary);
+    const std::string content{std::istreambuf_iterator<char>(file), {}};
+    TermsTable terms;
+    ASSERT_EQ("", terms.Parse(content));
+    Market market(std::make_unique<Simulator>(terms, SimulatorOptions{}));
+    std::map<std::string, Quote> newest;
+    std::map<papercore::Instant, int> busy;
+    std::size_t opened = 0;
+    const auto look = [&](const Quote& quote) {
+        if (quote.trading_day != 20260303) return;
+        if (quote.phase == MarketPhase::kAuction) {
+            EXPECT_EQ(0, quote.bid[0].price);
+            EXPECT_EQ(0, quote.trade_volume);
+        }
+        const Quote& before = newest[quote.contract];
+        if (before.phase == MarketPhase::kAuction && quote.phase == MarketPhase::kContinuous) {
+            opened += quote.trade_volume > 0 && quote.trade_price == quote.open ? 1 : 0;
+        }
+        newest[quote.contract] = quote;
+        ++busy[quote.time / kMinute];
+    };
+    market.Subscribe({look, {}});
+    while (market.TradingDay() < 20260304) market.Step(10 * kMinute);
+    EXPECT_EQ(6U, opened);
+    int busiest = 0;
+    for (const auto& [minute, count] : busy) busiest = std::max(busiest, count);
+    EXPECT_GT(busiest, 2 * 60);
+    EXPECT_LT(busiest, 6 * 60);
+    for (const auto& [name, quote] : newest) {
+        const double moved =
+            static_cast<double>(quote.high - quote.low) / static_cast<double>(quote.previous_close);
+        EXPECT_GT(moved, 0.003) << name;
+        EXPECT_LT(moved, 0.03) << name;
+    }
+}
+
+TEST(Market, KeepsTheBarsOfTheDayBefore) {
+    Market market(std::make_unique<ManualSource>(MidnightOf(20260302) + 9 * 60 * kMinute));
+    for (const papercore::Day day : {20260302, 20260303, 20260304}) {
+        Quote quote;
+        quote.contract = kGold;
+        quote.time = MidnightOf(day) + 10 * 60 * kMinute;
+        quote.bid[0] = {PriceFromYuan(300), 1};
+        quote.ask[0] = {PriceFromYuan(302), 1};
+        market.Publish(quote);
+    }
+    const auto bars = market.Bars(kGold, 1);
+    ASSERT_EQ(2U, bars.size());
+    EXPECT_EQ(MidnightOf(20260303) + 10 * 60 * kMinute, bars[0].time);
+    EXPECT_EQ(PriceFromYuan(301), bars[1].close);
+    EXPECT_EQ(0, bars[1].volume);
+    EXPECT_EQ(1U, market.Bars(kGold, 0).size());
 }
 
 TEST(Market, GathersTradesIntoBars) {
