@@ -7,7 +7,6 @@
 #include "papercore/paper_core.h"
 #include "papercore/records.h"
 #include "platform/text/bounded_text.h"
-#include "platform/text/gbk.h"
 
 // What the front end asks for.
 
@@ -35,12 +34,6 @@ OrderId OrderNumber(const std::string& ref) {
     const char* const end = ref.data() + ref.size();
     const auto [rest, error] = std::from_chars(ref.data(), end, id);
     return error == std::errc() && rest == end && id > 0 ? id : 0;
-}
-
-/// A text of somebody else's as it can stand in front of others: a lone half of a character at its
-/// end would take the next one's first byte.
-std::string Whole(const std::string& text) {
-    return text.substr(0, text::PrefixLength(text + ' ', text.size()));
 }
 
 }  // namespace
@@ -197,7 +190,7 @@ void PaperCore::CancelOrder(CZebOrder*, const char* orderRef, const char*, int s
 void PaperCore::DoCancel(const std::string& ref, int session) {
     const OrderId id = OrderNumber(ref);
     const auto found = told_.orders.find(id);
-    Answer answer{kRefused, "委托" + Whole(ref) + "不存在，不能撤单", 0};
+    Answer answer{kRefused, "委托" + WholeText(ref) + "不存在，不能撤单", 0};
     const bool known = found != told_.orders.end() && found->second.session == session;
     const std::string contract = known ? found->second.contract : std::string();
     if (known && Fault().empty()) answer = engine_.Cancel(id, now_);

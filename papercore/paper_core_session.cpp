@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "papercore/paper_core.h"
+#include "papercore/records.h"
 #include "platform/text/bounded_text.h"
 #include "platform/text/gbk.h"
 
@@ -30,7 +31,7 @@ void PaperCore::Login(const char* account, const char* password, const char*, co
         const std::scoped_lock lock(session_mutex_);
         login = ++logins_;
     }
-    Ask([this, login, name = Bounded(account), word = Bounded(password)] {
+    Ask([this, login, name = WholeText(Bounded(account)), word = Bounded(password)] {
         DoLogin(login, name, word);
     });
 }

@@ -6,6 +6,7 @@
 #include "papercore/positions.h"
 #include "papercore/texts.h"
 #include "platform/text/bounded_text.h"
+#include "platform/text/gbk.h"
 #include "plugin/contract/codes.h"
 
 namespace papercore {
@@ -200,12 +201,18 @@ CTradeParam TradeParamOf(const State& state) {
                                  : DefaultTradeParam();
 }
 
+std::string WholeText(std::string_view text) {
+    std::string whole(text);
+    whole.resize(text::PrefixLength(whole + ' ', text.size()));
+    return whole;
+}
+
 OrderRequest RequestOf(const CInsertOrderRequest& record, int price_code, int source) {
     OrderRequest request;
-    request.exchange = text::FieldText(record.szExchange);
-    request.contract = text::FieldText(record.szContract);
-    request.price = text::FieldText(record.szPrice);
-    request.note = text::FieldText(record.szNote);
+    request.exchange = WholeText(text::FieldText(record.szExchange));
+    request.contract = WholeText(text::FieldText(record.szContract));
+    request.price = WholeText(text::FieldText(record.szPrice));
+    request.note = WholeText(text::FieldText(record.szNote));
     request.direction = record.cDirection;
     request.offset = record.cOffset;
     request.hedge = record.cHedge;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "papercore/contract_terms.h"
@@ -33,6 +35,10 @@ void FillSummary(const Funds& funds, CZebAccountSummary& summary);
 /// What a user gets who has set nothing.
 CTradeParam DefaultTradeParam();
 CTradeParam TradeParamOf(const State& state);
+
+/// A text of somebody else's without a lone half of a character at its end, which would swallow the
+/// first byte of what is put behind it.
+std::string WholeText(std::string_view text);
 
 /// The words of a request, bounded, and its bytes.
 OrderRequest RequestOf(const CInsertOrderRequest& record, int price_code, int source);

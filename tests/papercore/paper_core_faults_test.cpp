@@ -218,6 +218,24 @@ TEST_F(PaperCoreTest, NumbersOfTenDigitsAreCancelledToo) {
     EXPECT_THAT(Told(), ElementsAre("cancel refused: 委托不存在，不能撤单")) << "no half character";
 }
 
+TEST_F(PaperCoreTest, TextsThatEndInHalfACharacterLoseTheHalf) {
+    LogIn();
+    CInsertOrderRequest request{};
+    text::CopyText(request.szContract, kGold);
+    text::CopyText(request.szPrice, "890.00");
+    std::memset(request.szNote, 'n', sizeof request.szNote);
+    request.szNote[sizeof request.szNote - 1] = '\xB0';
+    request.cDirection = request.cOffset = '0';
+    request.nVolume = 1;
+    core_->InsertOrder(&request, nullptr, 6, 1);
+    EXPECT_THAT(Told(), Contains("insert ok"));
+    const auto& accepted = std::get<OrderAccepted>(store_->facts.back());
+    EXPECT_EQ(accepted.order.note, std::string(23, 'n'));
+    EXPECT_EQ(accepted.order.request[123], '\xB0') << "the request itself stays whole";
+    core_->Login("other\xB0", "secret", nullptr, nullptr);
+    EXPECT_THAT(Told().back(), HasSubstr("不能用于other"));
+}
+
 TEST_F(PaperCoreTest, TheMarketIsClosedBetweenTheDays) {
     LogIn();
     core_->SendFunctionRequest(kFunctionMarketState, "SGE|Au(T+D)");
