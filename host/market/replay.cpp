@@ -14,14 +14,13 @@ namespace {
 using papercore::Day;
 using papercore::Instant;
 using papercore::Price;
-using papercore::Quote;
 
 constexpr std::int64_t kUsualSize = 10;
 constexpr Instant kBarStep = 15'000;
 constexpr std::int64_t kMostLots = 1'000'000'000;
 constexpr std::size_t kLongestLine = 4096;
 /// Limits and levels around a price stay prices themselves.
-constexpr double kHighestInFile = papercore::kHighestPrice / papercore::kPriceScale / 2;
+constexpr double kHighestInFile = 1.0 * papercore::kHighestPrice / papercore::kPriceScale / 2;
 
 /// Memory stays bounded whatever the file is: the rest of a long line is passed over. False at the
 /// end of the file.

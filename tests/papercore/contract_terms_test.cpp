@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
 #include <string>
 
 namespace papercore {
@@ -101,6 +103,48 @@ TEST(ContractTermsFile, EveryCutAndEverySpoiltByteIsAnsweredNotACrash) {
         EXPECT_NE("", table.Parse(spoilt));
         EXPECT_TRUE(table.Contracts().empty());
     }
+}
+
+TEST(ContractTermsFile, TheOneThatIsShippedHoldsTheSixContracts) {
+    std::ifstream file(CONTRACT_TERMS, std::ios::binary);
+    const std::string content{std::istreambuf_iterator<char>(file), {}};
+    TermsTable table;
+    ASSERT_EQ("", table.Parse(content));
+    struct Case {
+        const char* contract;
+        const char* market;
+        int unit;
+        Price tick;
+        Ppm margin, limit, limit_of_2019;
+        std::int64_t largest_order;
+    };
+    const Case cases[] = {
+        {"Au(T+D)", "GT-F", 1000, 100, 180'000, 170'000, 50'000, 1000},
+        {"Ag(T+D)", "GT-F", 1, 10'000, 240'000, 230'000, 60'000, 2000},
+        {"mAu(T+D)", "GT-F", 100, 100, 180'000, 170'000, 50'000, 2000},
+        {"Au100g", "GT-S", 100, 100, 1'000'000, 300'000, 300'000, 1000},
+        {"Au99.99", "GT-S", 10, 100, 1'000'000, 300'000, 300'000, 10'000},
+        {"Au99.95", "GT-S", 1000, 100, 1'000'000, 300'000, 300'000, 1000},
+    };
+    ASSERT_EQ(std::size(cases), table.Contracts().size());
+    for (const Case& each : cases) {
+        SCOPED_TRACE(each.contract);
+        const ContractTerms* terms = table.Find(each.contract, 20260224);
+        ASSERT_NE(nullptr, terms);
+        EXPECT_EQ(each.market, terms->market);
+        EXPECT_EQ(each.unit, terms->unit);
+        EXPECT_EQ(each.tick, terms->tick);
+        EXPECT_EQ(each.margin, terms->margin);
+        EXPECT_EQ(each.limit, terms->limit);
+        EXPECT_EQ(each.largest_order, terms->largest_order);
+        EXPECT_EQ(800, terms->fee_open);
+        EXPECT_EQ(terms->IsSpot() ? 0 : 175, terms->deferred);
+        EXPECT_EQ(3U, terms->sessions.size());
+        EXPECT_EQ(4U, table.Find(each.contract, 20190614)->sessions.size());
+        EXPECT_EQ(each.limit_of_2019, table.Find(each.contract, 20190614)->limit);
+    }
+    EXPECT_EQ(230'000, table.Find("Ag(T+D)", 20260203)->margin);
+    EXPECT_EQ(160'000, table.Find("Au(T+D)", 20260203)->margin);
 }
 
 }  // namespace
