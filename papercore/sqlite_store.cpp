@@ -85,7 +85,6 @@ private:
 std::string SqliteStore::Open(const std::string& path) {
     std::error_code error;
     if (fs::is_directory(path, error)) return "is a folder";
-    const bool is_new = !fs::exists(path, error) || fs::file_size(path, error) == 0;
     sqlite3* opened = nullptr;
     const int result =
         sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
@@ -94,11 +93,14 @@ std::string SqliteStore::Open(const std::string& path) {
     sqlite3_busy_timeout(database_.get(), 200);
     // Somebody else's lock shows at the first look into the file.
     std::string fault = Do(database_.get(), "PRAGMA locking_mode=EXCLUSIVE");
-    if (fault.empty() && !is_new) fault = Check();
+    // Asked of SQLite, not of the file: a start that was cut off is rolled back to no pages first.
+    // Tables come before the write-ahead log, which by itself would leave a file of nobody's.
+    if (fault.empty()) {
+        fault = Number(database_.get(), "PRAGMA page_count") == 0 ? MakeNew() : Check();
+    }
     if (fault.empty()) {
         fault = Do(database_.get(), "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL");
     }
-    if (fault.empty() && is_new) fault = MakeNew();
     if (fault.empty()) fault = Do(database_.get(), "BEGIN IMMEDIATE; COMMIT");
     if (fault == "database is locked") fault = kInUse;
     if (!fault.empty()) return fault;
