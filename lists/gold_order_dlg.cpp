@@ -200,6 +200,7 @@ void CGoldOrderDlg::ShowToolbar(bool show) {
 void CGoldOrderDlg::OnSize(UINT type, int cx, int cy) {
     CDialog::OnSize(type, cx, cy);
     LayOut();
+    Invalidate();  // the list's frame is part of the ground
 }
 
 void CGoldOrderDlg::LayOut() {

@@ -267,6 +267,7 @@ void CGoldPositionDlg::OnSize(UINT type, int cx, int cy) {
     if (m_list.m_hWnd != nullptr) m_list.MoveWindow(kListLeft, 26, cx - 28, cy - 27);
     if (m_btnStop.m_hWnd != nullptr) PlaceButtons(cx);
     lists::FitColumn(m_list, m_stopsColumn);
+    Invalidate();  // the list's frame is part of the ground
 }
 
 /// Volumes of up to four digits find room beside an order list on the smallest screen.

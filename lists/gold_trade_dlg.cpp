@@ -131,6 +131,7 @@ void CGoldTradeDlg::OnSize(UINT type, int cx, int cy) {
     if (m_list.m_hWnd == nullptr) return;
     m_list.MoveWindow(26, 31, cx - 28, cy - 32);
     lists::FitColumn(m_list, m_numberColumn);
+    Invalidate();  // the list's frame is part of the ground
 }
 
 BOOL CGoldTradeDlg::OnEraseBkgnd(CDC* dc) {
