@@ -1,4 +1,3 @@
-#include <commctrl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
