@@ -117,11 +117,11 @@ TEST_F(FrameTest, PagesAreChosenByTheMenuAndByKeys) {
     EXPECT_EQ(frame_->pages().Page(), 4);
     MSG key{};
     key.message = WM_KEYDOWN;
-    for (const unsigned char digit : {'2', '9', '1'}) {
+    for (const WPARAM digit : {WPARAM{0x32}, WPARAM{0x39}, WPARAM{0x31}}) {
         key.wParam = digit;
         keybd_event(VK_CONTROL, 0, 0, 0);
         Pump();
-        EXPECT_EQ(frame_->HandleKey(key), digit != '9');
+        EXPECT_EQ(frame_->HandleKey(key), digit != 0x39);
         keybd_event(VK_CONTROL, 0, KEYEVENTF_KEYUP, 0);
         Pump();
     }

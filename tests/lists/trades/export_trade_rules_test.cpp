@@ -59,7 +59,7 @@ TEST(TradeExport, KeepsTheTableWholeWhateverTextsHold) {
 }
 
 TEST(TradeExport, FindsSeparatorsWhereverTheyStand) {
-    for (const std::size_t length : {1, 2, 3, 4, 5, 7, 8, 9, 12, 15, 16, 17, 60}) {
+    for (const std::size_t length : {1U, 2U, 3U, 4U, 5U, 7U, 8U, 9U, 12U, 15U, 16U, 17U, 60U}) {
         for (std::size_t at = 0; at < length; ++at) {
             std::string clean(length, '7');
             std::string text = clean;
