@@ -74,6 +74,8 @@ int main(int argc, char** argv) {
     if (options.headless || options.first_frame) start.display = platform::Display::kHeadless;
     if (options.manual_clock) start.clock = platform::Clock::kManual;
     start.scale = options.scale;
+    start.width = options.width;
+    start.height = options.height;
     platform::Start(start);
     terminal::Terminal terminal(options);
     const std::string fault = terminal.Open();

@@ -10,6 +10,9 @@ namespace terminal {
 namespace {
 
 constexpr double kFastest = 100000;
+constexpr int kLeastWidth = 640;
+constexpr int kLeastHeight = 480;
+constexpr int kMostPixels = 8192;  // in either direction
 
 // The current folder is another one soon.
 void MakeAbsolute(std::string& path) {
@@ -32,6 +35,24 @@ std::string CheckSpeed(const std::string& word) {
 
 double SpeedOf(const std::string& word) {
     return word == "max" ? kMaximumSpeed : std::strtod(word.c_str(), nullptr);
+}
+
+/// "1920x1080". False for anything else, also beyond what a window can be.
+bool ReadSize(const std::string& word, int& width, int& height) {
+    const char* const end = word.data() + word.size();
+    const auto across = std::from_chars(word.data(), end, width);
+    if (across.ec != std::errc() || across.ptr == end || *across.ptr != 'x') return false;
+    const auto down = std::from_chars(across.ptr + 1, end, height);
+    if (down.ec != std::errc() || down.ptr != end) return false;
+    return width >= kLeastWidth && width <= kMostPixels && height >= kLeastHeight &&
+           height <= kMostPixels;
+}
+
+std::string CheckSize(const std::string& word) {
+    int width = 0;
+    int height = 0;
+    if (ReadSize(word, width, height)) return {};
+    return "is no size from 640x480 to 8192x8192";
 }
 
 // What one option alone can't tell. Empty if all is well.
@@ -68,6 +89,7 @@ bool ParseOptions(int argc, const char* const* argv, Options& options, int& exit
                                                 {"manual", FeedKind::kManual}};
     const std::map<std::string, Look> looks{{"dark", Look::kDark}, {"light", Look::kLight}};
     std::string speed = "1";
+    std::string size;
     const CLI::Option* feed =
         app.add_option("--feed", options.feed, "where quotes come from: sim, replay or manual")
             ->transform(CLI::CheckedTransformer(feeds).description(""))
@@ -101,6 +123,9 @@ bool ParseOptions(int argc, const char* const* argv, Options& options, int& exit
     app.add_option("--scale", options.scale, "device pixels a pixel: 1, 2 or 3")
         ->check(CLI::Range(1, 3).description(""))
         ->option_text("N");
+    app.add_option("--size", size, "logical pixels of the window, as 1280x800")
+        ->check(CLI::Validator(CheckSize, ""))
+        ->option_text("WxH");
     const CLI::Option* look = app.add_option("--look", options.look, "dark or light")
                                   ->transform(CLI::CheckedTransformer(looks).description(""))
                                   ->option_text("dark|light");
@@ -125,6 +150,7 @@ bool ParseOptions(int argc, const char* const* argv, Options& options, int& exit
     }
     if (!options.replay_file.empty()) options.feed = FeedKind::kReplay;
     options.speed = SpeedOf(speed);
+    if (!size.empty()) ReadSize(size, options.width, options.height);
     options.look_given = look->count() > 0;
     for (std::string* path : {&options.replay_file, &options.account_file, &options.config_folder,
                               &options.shots_folder}) {

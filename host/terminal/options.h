@@ -29,6 +29,8 @@ struct Options {
     bool reset_account = false;
     bool first_frame = false;  ///< ends after the first picture
     int scale = 1;
+    int width = 1280;  ///< logical pixels of the desktop, or of the window that shows it
+    int height = 800;
     Look look = Look::kDark;
     bool look_given = false;
 };

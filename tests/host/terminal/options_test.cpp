@@ -37,15 +37,18 @@ TEST(Options, WithoutAWordTheSimulatorRunsAtNormalSpeed) {
 
 TEST(Options, WordsAreTakenAndPathsMadeAbsolute) {
     std::ofstream("replayed.csv") << "x\n";
-    const Read read = Parse({"--replay", "replayed.csv", "--as", "Au(T+D)", "--speed", "max",
-                             "--account", "a.db", "--headless", "--automation", "--manual-clock",
-                             "--scale", "2", "--look", "light", "--seed", "7"});
+    const Read read =
+        Parse({"--replay", "replayed.csv", "--as", "Au(T+D)", "--speed", "max", "--account", "a.db",
+               "--headless", "--automation", "--manual-clock", "--scale", "2", "--look", "light",
+               "--seed", "7", "--size", "1920x1080"});
     ASSERT_TRUE(read.goes_on) << read.message;
     EXPECT_EQ(read.options.feed, FeedKind::kReplay);
     EXPECT_TRUE(std::filesystem::path(read.options.replay_file).is_absolute());
     EXPECT_TRUE(std::filesystem::path(read.options.account_file).is_absolute());
     EXPECT_EQ(read.options.speed, kMaximumSpeed);
     EXPECT_EQ(read.options.scale, 2);
+    EXPECT_EQ(read.options.width, 1920);
+    EXPECT_EQ(read.options.height, 1080);
     EXPECT_EQ(read.options.look, Look::kLight);
     EXPECT_EQ(read.options.seed, 7u);
     EXPECT_TRUE(read.options.config_folder.empty());
@@ -79,6 +82,12 @@ TEST(Options, BrokenWordsGetOneClearLineAndExitCodeTwo) {
         {"--speed", ""},
         {"--scale", "4"},
         {"--scale", "0"},
+        {"--size", "1280"},
+        {"--size", "1280x"},
+        {"--size", "1280x800x2"},
+        {"--size", "639x480"},
+        {"--size", "-1280x800"},
+        {"--size", "1280x8193"},
         {"--look", "blue"},
         {"--seed", "-1"},
         {"--config", "/no/such/folder"},
