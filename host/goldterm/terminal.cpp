@@ -269,14 +269,14 @@ FrameSources Terminal::Sources() {
         std::ranges::reverse(tape);
         return tape;
     };
-    sources.tick = [this, contract](int symbol) {
-        const papercore::ContractTerms* found =
-            terms_.Find(contract(symbol), market_->TradingDay());
-        return found ? found->tick : papercore::Price{1};
+    sources.terms = [this, contract](int symbol) {
+        return terms_.Find(contract(symbol), market_->TradingDay());
     };
-    sources.marks = [this, contract, tick = sources.tick](int symbol) {
-        return core_->IsLoggedIn() ? MarksOf(core_->Look(), contract(symbol), tick(symbol))
-                                   : std::vector<views::ChartMark>();
+    sources.marks = [this, contract](int symbol) {
+        if (!core_->IsLoggedIn()) return std::vector<views::ChartMark>();
+        const papercore::ContractTerms* terms =
+            terms_.Find(contract(symbol), market_->TradingDay());
+        return MarksOf(core_->Look(), contract(symbol), terms ? terms->tick : 1);
     };
     sources.clock = [this] { return Clock(); };
     sources.sign_in = [this](const std::string& account, const std::string& password) {

@@ -119,8 +119,8 @@ BOOL Frame::MakeChildren() {
     const bool made =
         log_list_.CreateView(this, kLogListId) && top_bar_.CreateView(this, kTopBarId) &&
         quote_list_.CreateView(this, kQuoteListId) && chart_.CreateView(this, kChartId) &&
-        depth_.CreateView(this, kDepthId) && log_line_.CreateView(this, kLogLineId) &&
-        quotes_split_.CreateView(this, kQuotesSplitId) &&
+        depth_.CreateView(this, kDepthId) && detail_.CreateView(this, kDetailId) &&
+        log_line_.CreateView(this, kLogLineId) && quotes_split_.CreateView(this, kQuotesSplitId) &&
         depth_split_.CreateView(this, kDepthSplitId) &&
         pages_split_.CreateView(this, kPagesSplitId) && pages_.CreatePane(this, kPagesPaneId) &&
         sign_in_.CreateHidden(this);
@@ -161,8 +161,8 @@ void Frame::SetLook(Look look) {
     remembered_.look = look;
     palette_ = look == Look::kLight ? &skin::kLight : &skin::kDark;
     for (views::View* view : std::initializer_list<views::View*>{
-             &top_bar_, &quote_list_, &chart_, &depth_, &log_line_, &log_list_, &quotes_split_,
-             &depth_split_, &pages_split_}) {
+             &top_bar_, &quote_list_, &chart_, &depth_, &detail_, &log_line_, &log_list_,
+             &quotes_split_, &depth_split_, &pages_split_}) {
         view->SetPalette(*palette_);
     }
 }
@@ -176,20 +176,18 @@ void Frame::OnSize(UINT kind, int width, int height) {
 void Frame::Arrange() {
     CRect client;
     GetClientRect(&client);
+    const LeftColumn left{quote_list_.WholeHeight(),
+                          views::DetailView::LeastHeight(remembered_.sizes.quotes_width)};
     const FrameLayout layout =
-        ArrangeFrame({client.Width(), client.Height()}, 0, remembered_.sizes);
+        ArrangeFrame({client.Width(), client.Height()}, 0, left, remembered_.sizes);
     const struct {
         CWnd& window;
         const RECT& place;
-    } places[] = {{top_bar_, layout.top},
-                  {quote_list_, layout.quotes},
-                  {quotes_split_, layout.quotes_split},
-                  {chart_, layout.chart},
-                  {depth_split_, layout.depth_split},
-                  {depth_, layout.depth},
-                  {pages_split_, layout.pages_split},
-                  {pages_, layout.pages},
-                  {log_line_, layout.status}};
+    } places[] = {{top_bar_, layout.top},   {quote_list_, layout.quotes},
+                  {detail_, layout.detail}, {quotes_split_, layout.quotes_split},
+                  {chart_, layout.chart},   {depth_split_, layout.depth_split},
+                  {depth_, layout.depth},   {pages_split_, layout.pages_split},
+                  {pages_, layout.pages},   {log_line_, layout.status}};
     for (const auto& [window, place] : places) window.MoveWindow(&place);
     log_list_.Hide();
 }
@@ -235,11 +233,20 @@ void Frame::SelectSymbol(int symbol) {
     depth_.SetContract(chosen.contract, chosen.digits);
     depth_.SetQuote(quote);
     depth_.SetTrades(sources_.trades(symbol));
-    chart_.SetContract(chosen.contract, chosen.digits, sources_.tick(symbol));
+    const papercore::ContractTerms* terms = sources_.terms(symbol);
+    ShowTerms(symbol, quote.trading_day);
+    detail_.SetQuote(quote);
+    chart_.SetContract(chosen.contract, chosen.digits, terms ? terms->tick : papercore::Price{1});
     chart_.SetReference(views::Reference(quote));
     UpdateChart();
     RefreshMarks();
     front_end_.CurStkChanged(chosen.market, chosen.code, 0);
+}
+
+void Frame::ShowTerms(int symbol, papercore::Day day) {
+    const Symbol& shown = symbols_.All()[static_cast<std::size_t>(symbol)];
+    detail_.SetContract(shown.contract, shown.digits, sources_.terms(symbol));
+    terms_day_ = day;
 }
 
 LRESULT Frame::OnQuotesWait(WPARAM, LPARAM) {
@@ -247,6 +254,8 @@ LRESULT Frame::OnQuotesWait(WPARAM, LPARAM) {
         quote_list_.SetQuote(index, quote);
         if (index == CurrentSymbol()) {
             depth_.SetQuote(quote);
+            if (quote.trading_day != terms_day_) ShowTerms(index, quote.trading_day);
+            detail_.SetQuote(quote);
             depth_.SetTrades(sources_.trades(index));
             chart_.SetReference(views::Reference(quote));
             UpdateChart();

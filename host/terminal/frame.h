@@ -15,6 +15,7 @@
 #include "host/terminal/symbol_table.h"
 #include "host/views/chart_view.h"
 #include "host/views/depth_view.h"
+#include "host/views/detail_view.h"
 #include "host/views/log_line.h"
 #include "host/views/quote_list.h"
 #include "host/views/splitter.h"
@@ -43,7 +44,8 @@ struct FrameSources {
     std::function<std::vector<views::Candle>(int symbol, int minutes)> candles;
     std::function<std::vector<views::TapeTrade>(int symbol)> trades;
     std::function<std::vector<views::ChartMark>(int symbol)> marks;
-    std::function<papercore::Price(int symbol)> tick;
+    /// Null if there are none.
+    std::function<const papercore::ContractTerms*(int symbol)> terms;
     std::function<ClockTexts()> clock;
     std::function<void(const std::string& account, const std::string& password)> sign_in;
 };
@@ -108,6 +110,8 @@ private:
     void DragSplit(int PaneSizes::*size, int delta);
     void UpdateClock();
     void UpdateChart();
+    /// The contract's terms as they are on a trading day.
+    void ShowTerms(int symbol, papercore::Day day);
     void ToggleLog();
     void ShowHelp();
     void EditSettings();
@@ -128,6 +132,8 @@ private:
     views::QuoteList quote_list_;
     views::ChartView chart_;
     views::DepthView depth_;
+    views::DetailView detail_;
+    papercore::Day terms_day_ = 0;
     views::LogLine log_line_;
     views::LogList log_list_;
     views::Splitter quotes_split_{true};

@@ -24,7 +24,7 @@ RECT Box(int left, int top, int right, int bottom) {
 
 }  // namespace
 
-FrameLayout ArrangeFrame(SIZE client, int panels, PaneSizes& sizes) {
+FrameLayout ArrangeFrame(SIZE client, int panels, LeftColumn left_column, PaneSizes& sizes) {
     const int width = std::max<int>(client.cx, 0);
     const int height = std::max<int>(client.cy, 0);
     panels = std::clamp(panels, 0, kMostPanels);
@@ -49,7 +49,10 @@ FrameLayout ArrangeFrame(SIZE client, int panels, PaneSizes& sizes) {
 
     const int panels_left = std::max(width - panels_width, 0);
     const int depth_left = panels_left - sizes.depth_width;
-    layout.quotes = Box(0, market_top, sizes.quotes_width, market_bottom);
+    const bool detailed = market_bottom - market_top - left_column.quotes >= left_column.detail;
+    const int quotes_bottom = detailed ? market_top + left_column.quotes : market_bottom;
+    layout.quotes = Box(0, market_top, sizes.quotes_width, quotes_bottom);
+    layout.detail = Box(0, quotes_bottom, sizes.quotes_width, market_bottom);
     layout.quotes_split =
         Box(sizes.quotes_width, market_top, sizes.quotes_width + kSplit, market_bottom);
     layout.chart = Box(layout.quotes_split.right, market_top, depth_left - kSplit, market_bottom);

@@ -12,6 +12,7 @@ inline constexpr UINT kDepthId = 21004;
 inline constexpr UINT kLogLineId = 21005;
 inline constexpr UINT kLogListId = 21006;
 inline constexpr UINT kPagesPaneId = 21007;
+inline constexpr UINT kDetailId = 21008;
 inline constexpr UINT kQuotesSplitId = 21011;
 inline constexpr UINT kDepthSplitId = 21012;
 inline constexpr UINT kPagesSplitId = 21013;

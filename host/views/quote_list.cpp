@@ -81,6 +81,10 @@ void QuoteList::SetContracts(std::vector<Contract> contracts) {
     if (GetSafeHwnd()) Invalidate(FALSE);
 }
 
+int QuoteList::WholeHeight() const {
+    return kHeaderHeight + static_cast<int>(rows_.size()) * kRowHeight;
+}
+
 void QuoteList::SetQuote(int index, const papercore::Quote& quote) {
     if (index < 0 || static_cast<std::size_t>(index) >= rows_.size()) return;
     rows_[static_cast<std::size_t>(index)].quote = quote;

@@ -21,6 +21,8 @@ public:
     QuoteList();
 
     void SetContracts(std::vector<Contract> contracts);
+    /// Header and all rows.
+    int WholeHeight() const;
     /// An index that is not there is ignored, here and below.
     void SetQuote(int index, const papercore::Quote& quote);
     void Select(int index);

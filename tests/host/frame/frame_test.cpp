@@ -58,7 +58,7 @@ protected:
         sources.candles = [](int, int) { return std::vector<views::Candle>(); };
         sources.trades = [](int) { return std::vector<views::TapeTrade>(); };
         sources.marks = [](int) { return std::vector<views::ChartMark>(); };
-        sources.tick = [](int) { return papercore::Price{100}; };
+        sources.terms = [](int) { return static_cast<papercore::ContractTerms*>(nullptr); };
         sources.clock = [] { return ClockTexts{"02-24 09:00:00", "连续交易", ""}; };
         sources.sign_in = [this](const std::string& account, const std::string& password) {
             sign_ins_.push_back(account + "/" + password);

@@ -24,10 +24,11 @@ TEST(FrameLayout, PanesFillTheFrameWithoutOverlapping) {
          {SIZE{1280, 770}, SIZE{1920, 1050}, SIZE{2560, 1410}, SIZE{900, 530}}) {
         for (int panels = 0; panels <= kMostPanels; ++panels) {
             PaneSizes sizes;
-            const FrameLayout layout = ArrangeFrame(client, panels, sizes);
-            std::vector<RECT> all = {layout.top,         layout.quotes,      layout.quotes_split,
-                                     layout.chart,       layout.depth_split, layout.depth,
-                                     layout.pages_split, layout.pages,       layout.status};
+            const FrameLayout layout = ArrangeFrame(client, panels, {182, 114}, sizes);
+            std::vector<RECT> all = {layout.top,    layout.quotes,      layout.quotes_split,
+                                     layout.detail, layout.chart,       layout.depth_split,
+                                     layout.depth,  layout.pages_split, layout.pages,
+                                     layout.status};
             for (int panel = 0; panel < panels; ++panel) {
                 all.push_back(layout.panels[static_cast<std::size_t>(panel)]);
             }
@@ -51,7 +52,7 @@ TEST(FrameLayout, AnySizeGivesPanesThatAreNotInsideOut) {
         for (int height = -10; height < 900; height += 83) {
             for (const int wish : {-100, 0, 300, 100000}) {
                 PaneSizes sizes{wish, wish, wish};
-                const FrameLayout layout = ArrangeFrame({width, height}, 99, sizes);
+                const FrameLayout layout = ArrangeFrame({width, height}, 99, {182, 114}, sizes);
                 for (const RECT& pane : {layout.top, layout.quotes, layout.chart, layout.depth,
                                          layout.pages, layout.status}) {
                     EXPECT_LE(pane.left, pane.right);
@@ -62,11 +63,21 @@ TEST(FrameLayout, AnySizeGivesPanesThatAreNotInsideOut) {
     }
 }
 
+TEST(FrameLayout, DetailsStandBelowTheQuotesWhereThereIsRoom) {
+    PaneSizes sizes;
+    FrameLayout layout = ArrangeFrame({1280, 770}, 0, {182, 114}, sizes);
+    EXPECT_EQ(layout.quotes.bottom - layout.quotes.top, 182);
+    EXPECT_EQ(layout.detail.bottom, layout.chart.bottom);
+    layout = ArrangeFrame({1280, 600}, 0, {182, 114}, sizes);
+    EXPECT_EQ(layout.quotes.bottom, layout.chart.bottom);
+    EXPECT_EQ(layout.detail.top, layout.detail.bottom);
+}
+
 TEST(FrameLayout, ADragBeyondTheEndStopsThere) {
     PaneSizes sizes;
     sizes.pages_height = 100000;
     sizes.quotes_width = 100000;
-    const FrameLayout layout = ArrangeFrame({1280, 770}, 0, sizes);
+    const FrameLayout layout = ArrangeFrame({1280, 770}, 0, {182, 114}, sizes);
     EXPECT_LT(sizes.pages_height, 770);
     EXPECT_GT(layout.chart.right - layout.chart.left, 200);
     EXPECT_GT(layout.quotes.bottom - layout.quotes.top, 100);

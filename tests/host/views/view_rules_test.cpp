@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/views/chart_rules.h"
+#include "host/views/detail_rules.h"
 #include "host/views/quote_rules.h"
 
 namespace {
@@ -48,6 +49,72 @@ TEST(QuoteRules, CountsAndTimesAreReadable) {
     EXPECT_EQ(CountText(1234567), "1,234,567");
     EXPECT_EQ(CountText(-1000), "-1,000");
     EXPECT_EQ(TimeText(1000LL * (86400 * 365 + 9 * 3600 + 61)), "09:01:01");
+}
+
+std::string TextOf(const std::vector<Detail>& details, const std::string& label) {
+    const auto found = std::ranges::find(details, label, &Detail::label);
+    return found == details.end() ? "no such figure" : found->text;
+}
+
+TEST(DetailRules, TheDayIsToldInFiguresOrDashes) {
+    Quote quote;
+    for (const Detail& detail : DayDetails(quote, 2, 1000)) {
+        EXPECT_EQ(detail.text, "--") << detail.label;
+        EXPECT_EQ(detail.tendency, 0) << detail.label;
+    }
+    quote.previous_settlement = Yuan(900);
+    quote.high = Yuan(905.5);
+    quote.low = Yuan(896.5);
+    quote.upper_limit = Yuan(1035);
+    quote.volume = 3;
+    quote.turnover = papercore::FenFromYuan(2'701'000);  // two lots at 900, one at 901
+    quote.bid[0] = {Yuan(900.10), 1};
+    quote.ask[0] = {Yuan(900.12), 1};
+    const std::vector<Detail> day = DayDetails(quote, 2, 1000);
+    EXPECT_EQ(TextOf(day, "均价"), "900.33");
+    EXPECT_EQ(TextOf(day, "振幅"), "1.00%");
+    EXPECT_EQ(TextOf(day, "涨停"), "1035.00");
+    EXPECT_EQ(TextOf(day, "价差"), "0.02");
+    EXPECT_EQ(TextOf(day, "成交额"), "270.10万");
+    EXPECT_EQ(std::ranges::find(day, "最低", &Detail::label)->tendency, -1);
+    quote.ask[0] = quote.bid[0];
+    quote.low = Yuan(906);
+    const std::vector<Detail> odd = DayDetails(quote, 2, 0);
+    EXPECT_EQ(TextOf(odd, "均价"), "--");
+    EXPECT_EQ(TextOf(odd, "振幅"), "--");
+    EXPECT_EQ(TextOf(odd, "价差"), "--");
+}
+
+TEST(DetailRules, TermsAreToldShort) {
+    papercore::ContractTerms terms;
+    terms.unit = 1000;
+    terms.tick = 100;
+    terms.digits = 2;
+    terms.margin = 160'000;
+    terms.fee_open = 150;
+    terms.largest_order = 1000;
+    EXPECT_EQ(TextOf(TermsDetails(terms), "保证金"), "16%");
+    EXPECT_EQ(TextOf(TermsDetails(terms), "开仓费"), "0.015%");
+    EXPECT_EQ(TextOf(TermsDetails(terms), "价位"), "0.01");
+    EXPECT_EQ(TextOf(TermsDetails(terms), "递延费"), "--");
+    terms.market = "GT-S";
+    EXPECT_EQ(TextOf(TermsDetails(terms), "保证金"), "全额");
+    using papercore::PhaseKind;
+    EXPECT_EQ(SessionsText({{1190, 1200, PhaseKind::kAuction},
+                            {1200, 1590, PhaseKind::kContinuous},
+                            {1980, 2370, PhaseKind::kContinuous}}),
+              "20:00-02:30  09:00-15:30");
+    EXPECT_EQ(SessionsText({}), "--");
+}
+
+TEST(DetailRules, RatesAndMoneyAreAsShortAsTheyCanBe) {
+    EXPECT_EQ(RateText(0), "0%");
+    EXPECT_EQ(RateText(1'000'000), "100%");
+    EXPECT_EQ(RateText(175), "0.0175%");
+    EXPECT_EQ(RateText(-175), "-0.0175%");
+    EXPECT_EQ(MoneyText(999'999), "9999.99");
+    EXPECT_EQ(MoneyText(1'000'000), "1.00万");
+    EXPECT_EQ(MoneyText(-12'345'000'000), "-1.23亿");
 }
 
 std::vector<Candle> Candles(int count) {

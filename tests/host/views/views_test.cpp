@@ -5,6 +5,7 @@
 
 #include "host/views/chart_view.h"
 #include "host/views/depth_view.h"
+#include "host/views/detail_view.h"
 #include "host/views/log_line.h"
 #include "host/views/quote_list.h"
 #include "host/views/splitter.h"
@@ -153,6 +154,28 @@ std::vector<Candle> Candles(int count) {
         candles.push_back({60000LL * index, open, open + Yuan(1), open - Yuan(1), open + 5000, 9});
     }
     return candles;
+}
+
+TEST_F(Views, TheDetailsComeWithWhatTheHeightHoldsAndNeverOfAnotherContract) {
+    papercore::ContractTerms terms;
+    terms.unit = 1000;
+    terms.margin = 160'000;
+    for (const int width : {120, 310, 508}) {
+        DetailView details;
+        Show(details, width, DetailView::LeastHeight(width));
+        details.SetContract("Au(T+D)", 2, &terms);
+        details.SetQuote(GoldQuote());
+        const std::vector<SeenText> swing = Find(details, "昨结");
+        ASSERT_EQ(swing.size(), 1u);
+        EXPECT_LE(swing[0].rect.bottom, DetailView::LeastHeight(width));
+        EXPECT_TRUE(Shows(details, "900.00"));
+        EXPECT_FALSE(Shows(details, "16%"));
+        details.MoveWindow(0, 0, width, 600);
+        EXPECT_TRUE(Shows(details, "16%"));
+        details.SetContract("Ag(T+D)", 0, nullptr);
+        EXPECT_FALSE(Shows(details, "900"));
+        EXPECT_FALSE(Shows(details, "16%"));
+    }
 }
 
 TEST_F(Views, TheChartChoosesPeriodsAndReadsCandlesUnderThePointer) {
