@@ -200,8 +200,7 @@ bool Terminal::Show() {
                                  ? "已建立演示账户：账户 demo，密码 demo，起始资金 1,000,000.00 元"
                                  : "模拟账户，不涉及真实资金";
     if (!frame_->CreateFrame(hint)) return false;
-    frame_->ShowWindow(SW_SHOW);
-    frame_->UpdateWindow();
+    frame_->Appear();
     core_->SetClock([this] { return Clock().time.substr(11); });
     core_->SetWake([this] { ::PostMessageA(frame_->GetSafeHwnd(), WM_CORE_WAITS, 0, 0); });
     log_.SetWake([this] { ::PostMessageA(frame_->GetSafeHwnd(), WM_STATUS_WAITS, 0, 0); });

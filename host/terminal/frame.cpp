@@ -89,13 +89,15 @@ BOOL Frame::CreateFrame(const std::string& hint) {
     SystemParametersInfoA(SPI_GETWORKAREA, 0, &work, 0);
     const int wide = work.right - work.left;
     const int high = work.bottom - work.top;
-    const int width = std::clamp(remembered_.width, 0, wide);
-    const int height = std::clamp(remembered_.height, 0, high);
-    const bool whole = width == 0 || height == 0 || remembered_.maximised;
+    const bool known = remembered_.width > 0 && remembered_.height > 0;
+    maximised_ = remembered_.maximised || !known;
+    const int width = known ? std::min(remembered_.width, wide) : wide * 7 / 8;
+    const int height = known ? std::min(remembered_.height, high) : high * 7 / 8;
+    const int left = work.left + (wide - width) / 2;
+    const int top = work.top + (high - height) / 2;
     const LPCSTR window_class = AfxRegisterWndClass(0, LoadCursorA(nullptr, IDC_ARROW), nullptr);
     if (!CreateEx(0, window_class, "goldterm - 模拟交易", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                  work.left, work.top, whole ? wide : width, whole ? high : height, nullptr,
-                  nullptr)) {
+                  left, top, width, height, nullptr, nullptr)) {
         return FALSE;
     }
     pages_.ShowPage(remembered_.page);
@@ -104,6 +106,11 @@ BOOL Frame::CreateFrame(const std::string& hint) {
     SetTimer(kClockTimer, kClockMillis, nullptr);
     UpdateClock();
     return TRUE;
+}
+
+void Frame::Appear() {
+    ShowWindow(maximised_ ? SW_SHOWMAXIMIZED : SW_SHOW);
+    UpdateWindow();
 }
 
 int Frame::OnCreate(LPCREATESTRUCT create) {

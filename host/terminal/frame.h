@@ -59,6 +59,8 @@ public:
 
     /// Makes the window and everything in it; `hint` stands in the sign-in. FALSE if it can't be.
     BOOL CreateFrame(const std::string& hint);
+    /// Shows the window as it was left, the first time maximised.
+    void Appear();
     void SetLook(Look look);
 
     // The session, as the core tells it. GBK.
@@ -126,6 +128,7 @@ private:
     Remembered& remembered_;
     const skin::Palette* palette_ = &skin::kDark;
     std::string hint_;
+    bool maximised_ = true;
     std::string lost_reason_;
 
     views::TopBar top_bar_;

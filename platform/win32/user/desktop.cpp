@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <ranges>
+#include <string>
 
 #include "platform/present/screen.h"
+#include "platform/text/gbk.h"
 #include "platform/win32/gdi/dc_target.h"
 #include "platform/win32/gdi/surface.h"
 #include "platform/win32/kernel/clock.h"
@@ -27,6 +30,7 @@ struct Desktop {
     std::uint64_t layout = 0;
     std::vector<std::pair<HWND, RECT>> shown;  ///< windows of the last picture, the topmost first
     std::uint64_t last_present = 0;
+    std::string title;  ///< as the screen has it
 };
 
 Desktop& TheDesktop() {
@@ -201,10 +205,28 @@ int MillisToPresent() {
 
 }  // namespace
 
+namespace {
+
+// What a task bar shows is named after the program's own window: the lowest that has a caption and
+// no owner.
+void TellTitle(Desktop& desktop) {
+    for (const Window* window : DesktopWindow()->children | std::views::reverse) {
+        const bool named = (window->style & (WS_VISIBLE | WS_CAPTION)) == (WS_VISIBLE | WS_CAPTION);
+        if (!named || window->owner != nullptr) continue;
+        if (window->text == desktop.title) return;
+        desktop.title = window->text;
+        desktop.screen->SetTitle(text::Utf8FromGbk(desktop.title));
+        return;
+    }
+}
+
+}  // namespace
+
 int PresentFrame() {
     Desktop& desktop = TheDesktop();
     const int wait = MillisToPresent();
     if (wait != 0) return wait;
+    TellTitle(desktop);
     desktop.last_present = DisplayMillis();
     const Region done = Compose(desktop);
     std::vector<present::Rect> rects;

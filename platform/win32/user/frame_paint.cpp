@@ -52,7 +52,13 @@ void DrawSign(HDC dc, const RECT& box, int hit, bool zoomed) {
         DrawLine(dc, left, bottom - 1, right, top - 1);
         return;
     }
-    if (zoomed) InflateRect(&square, -2, -2);
+    if (zoomed) {
+        // Two windows, one before the other.
+        square.right -= 2;
+        square.top += 2;
+        DrawLine(dc, left + 2, top, right, top);
+        DrawLine(dc, right - 1, top, right - 1, bottom - 2);
+    }
     FrameRect(dc, &square, GetSysColorBrush(COLOR_CAPTIONTEXT));
 }
 
