@@ -12,11 +12,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kVersion = 1;
+/// 1: lines and snapshots had no sums.
+constexpr int kVersion = 2;
 constexpr int kApplication = 0x676F6C64;  // "gold"
 constexpr char kMakeTables[] =
-    "CREATE TABLE journal(seq INTEGER PRIMARY KEY, line TEXT NOT NULL);"
-    "CREATE TABLE snapshot(seq INTEGER PRIMARY KEY, state TEXT NOT NULL);";
+    "CREATE TABLE journal(seq INTEGER PRIMARY KEY, line TEXT NOT NULL, sum INTEGER NOT NULL);"
+    "CREATE TABLE snapshot(seq INTEGER PRIMARY KEY, state TEXT NOT NULL, sum INTEGER NOT NULL);";
+// A snapshot can be made again, so that it is simply dropped.
+constexpr char kAddSums[] =
+    "ALTER TABLE journal ADD COLUMN sum INTEGER NOT NULL DEFAULT 0;"
+    "ALTER TABLE snapshot ADD COLUMN sum INTEGER NOT NULL DEFAULT 0;"
+    "DELETE FROM snapshot;";
 
 struct CloseDatabase {
     void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
@@ -43,6 +49,15 @@ Statement Prepare(sqlite3* database, const char* sql) {
     return Statement(statement);
 }
 
+/// Each sum goes on from the one before it: a line that was changed, lost or moved shows.
+std::int64_t SumAfter(std::int64_t before, std::string_view text) {
+    constexpr std::uint64_t kBasis = 14695981039346656037U;
+    constexpr std::uint64_t kFactor = 1099511628211U;
+    std::uint64_t sum = static_cast<std::uint64_t>(before) ^ kBasis;
+    for (const char c : text) sum = (sum ^ static_cast<unsigned char>(c)) * kFactor;
+    return static_cast<std::int64_t>(sum);
+}
+
 std::string_view ColumnText(sqlite3_stmt* statement, int column) {
     const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
     const int size = sqlite3_column_bytes(statement, column);
@@ -54,6 +69,12 @@ std::int64_t Number(sqlite3* database, const char* sql) {
     const Statement statement = Prepare(database, sql);
     if (!statement || sqlite3_step(statement.get()) != SQLITE_ROW) return -1;
     return sqlite3_column_int64(statement.get(), 0);
+}
+
+std::string Damage(const std::string& what) { return "is damaged: " + what; }
+
+std::string LineDamage(std::int64_t seq, const char* what) {
+    return Damage("line " + std::to_string(seq) + " of its journal " + what);
 }
 
 bool EndsADay(const Fact& fact) { return std::holds_alternative<DaySettled>(fact); }
@@ -68,18 +89,32 @@ public:
     std::string Export(const std::function<void(std::string_view)>& line) override;
 
 private:
+    /// How far the journal goes.
+    struct End {
+        std::int64_t seq = 0;
+        std::int64_t sum = 0;
+    };
+    /// Answers why it goes no further.
+    using Line = std::function<std::string(std::string_view line)>;
+
     std::string Check();
     std::string MakeNew();
     std::string Fault() const { return sqlite3_errmsg(database_.get()); }
+    bool HasSums() const { return version_ >= 2; }
+    std::string WalkJournal(End& end, const Line& line) const;
+    std::string LoadSnapshot(State& state, End& end) const;
+    std::string Read(State& state, End& end) const;
+    std::string AddSums();
+    std::string Upgrade();
     std::string Insert(const Fact& fact);
-    std::string LoadSnapshot(State& state, std::int64_t& seq);
     std::string SaveSnapshot();
 
     Database database_;
     Statement insert_;
-    std::int64_t last_ = 0;
-    State state_;         ///< as of the last fact that was kept, for snapshots
-    std::string broken_;  ///< why nothing is kept any more
+    std::int64_t version_ = kVersion;  ///< of the file
+    End last_;
+    State state_;                              ///< as of the last fact kept, for snapshots
+    std::string broken_ = "was not read yet";  ///< why nothing is kept
 };
 
 std::string SqliteStore::Open(const std::string& path) {
@@ -91,6 +126,10 @@ std::string SqliteStore::Open(const std::string& path) {
     database_.reset(opened);
     if (result != SQLITE_OK) return opened ? Fault() : "out of memory";
     sqlite3_busy_timeout(database_.get(), 200);
+    // A log that a crash left stays beside the file until the file is known to be whole.
+    if (fs::exists(path + "-wal", error)) {
+        sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    }
     // Somebody else's lock shows at the first look into the file.
     std::string fault = Do(database_.get(), "PRAGMA locking_mode=EXCLUSIVE");
     // Asked of SQLite, not of the file: a start that was cut off is rolled back to no pages first.
@@ -102,10 +141,7 @@ std::string SqliteStore::Open(const std::string& path) {
         fault = Do(database_.get(), "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL");
     }
     if (fault.empty()) fault = Do(database_.get(), "BEGIN IMMEDIATE; COMMIT");
-    if (fault == "database is locked") fault = kInUse;
-    if (!fault.empty()) return fault;
-    insert_ = Prepare(database_.get(), "INSERT INTO journal(seq, line) VALUES(?, ?)");
-    return insert_ ? std::string() : Fault();
+    return fault == "database is locked" ? kInUse : fault;
 }
 
 std::string SqliteStore::Check() {
@@ -115,16 +151,16 @@ std::string SqliteStore::Check() {
         return fault == "database is locked" ? fault : "is no account file: " + fault;
     }
     const std::int64_t application = Number(database_.get(), "PRAGMA application_id");
-    const std::int64_t version = Number(database_.get(), "PRAGMA user_version");
+    version_ = Number(database_.get(), "PRAGMA user_version");
     if (application != kApplication) return "is no account file";
-    if (version > kVersion) {
-        return "was written by a newer version (" + std::to_string(version) + ")";
+    if (version_ > kVersion) {
+        return "was written by a newer version (" + std::to_string(version_) + ")";
     }
-    if (version < 1) return "is no account file: no version";
+    if (version_ < 1) return "is no account file: no version";
     const Statement check = Prepare(database_.get(), "PRAGMA quick_check(1)");
-    if (!check || sqlite3_step(check.get()) != SQLITE_ROW) return "is damaged: " + Fault();
+    if (!check || sqlite3_step(check.get()) != SQLITE_ROW) return Damage(Fault());
     const std::string_view verdict = ColumnText(check.get(), 0);
-    return verdict == "ok" ? std::string() : "is damaged: " + std::string(verdict);
+    return verdict == "ok" ? std::string() : Damage(std::string(verdict));
 }
 
 std::string SqliteStore::MakeNew() {
@@ -135,39 +171,95 @@ std::string SqliteStore::MakeNew() {
     return Do(database_.get(), sql.c_str());
 }
 
-std::string SqliteStore::LoadSnapshot(State& state, std::int64_t& seq) {
-    const Statement newest =
-        Prepare(database_.get(), "SELECT seq, state FROM snapshot ORDER BY seq DESC LIMIT 1");
-    if (!newest) return Fault();
+/// Goes on from `end`, line by line.
+std::string SqliteStore::WalkJournal(End& end, const Line& line) const {
+    const std::string sql = std::string("SELECT seq, line, ") + (HasSums() ? "sum" : "0") +
+                            " FROM journal WHERE seq > ? ORDER BY seq";
+    const Statement rows = Prepare(database_.get(), sql.c_str());
+    if (!rows) return Damage(Fault());
+    sqlite3_bind_int64(rows.get(), 1, end.seq);
+    int result = sqlite3_step(rows.get());
+    for (; result == SQLITE_ROW; result = sqlite3_step(rows.get())) {
+        const std::int64_t seq = sqlite3_column_int64(rows.get(), 0);
+        if (seq != end.seq + 1) return LineDamage(seq, "is out of order");
+        const std::string_view text = ColumnText(rows.get(), 1);
+        end = {seq, SumAfter(end.sum, text)};
+        if (HasSums() && sqlite3_column_int64(rows.get(), 2) != end.sum) {
+            return LineDamage(seq, "is not as it was written");
+        }
+        const std::string fault = line(text);
+        if (!fault.empty()) return fault;
+    }
+    return result == SQLITE_DONE ? std::string() : Damage(Fault());
+}
+
+std::string SqliteStore::LoadSnapshot(State& state, End& end) const {
+    const Statement newest = Prepare(
+        database_.get(),
+        "SELECT snapshot.seq, journal.sum, state, snapshot.sum FROM snapshot "
+        "LEFT JOIN journal ON journal.seq = snapshot.seq ORDER BY snapshot.seq DESC LIMIT 1");
+    if (!newest) return Damage(Fault());
     const int result = sqlite3_step(newest.get());
     if (result == SQLITE_DONE) return {};
-    if (result != SQLITE_ROW) return Fault();
-    seq = sqlite3_column_int64(newest.get(), 0);
-    return ReadStateText(ColumnText(newest.get(), 1), state) ? std::string()
-                                                             : "is damaged: its snapshot";
+    if (result != SQLITE_ROW) return Damage(Fault());
+    if (sqlite3_column_type(newest.get(), 1) == SQLITE_NULL) {
+        return Damage("its journal ends before its snapshot");
+    }
+    end = {sqlite3_column_int64(newest.get(), 0), sqlite3_column_int64(newest.get(), 1)};
+    const std::string_view text = ColumnText(newest.get(), 2);
+    const bool same = SumAfter(end.sum, text) == sqlite3_column_int64(newest.get(), 3);
+    return same && ReadStateText(text, state) ? std::string() : Damage("its snapshot");
+}
+
+std::string SqliteStore::Read(State& state, End& end) const {
+    std::string fault = HasSums() ? LoadSnapshot(state, end) : std::string();
+    if (!fault.empty()) return fault;
+    return WalkJournal(end, [&](std::string_view line) -> std::string {
+        Fact fact;
+        if (!ReadFactLine(line, fact)) return LineDamage(end.seq, "can't be read");
+        return Apply(state, fact) ? std::string() : LineDamage(end.seq, "can't follow");
+    });
+}
+
+std::string SqliteStore::AddSums() {
+    const Statement set = Prepare(database_.get(), "UPDATE journal SET sum = ? WHERE seq = ?");
+    if (!set) return Fault();
+    End end;
+    return WalkJournal(end, [&](std::string_view) {
+        sqlite3_bind_int64(set.get(), 1, end.sum);
+        sqlite3_bind_int64(set.get(), 2, end.seq);
+        const bool done = sqlite3_step(set.get()) == SQLITE_DONE;
+        sqlite3_reset(set.get());
+        return done ? std::string() : Fault();
+    });
+}
+
+/// Brings a file of an earlier version to the present one, whole or not at all.
+std::string SqliteStore::Upgrade() {
+    std::string fault = Do(database_.get(), "BEGIN IMMEDIATE");
+    if (fault.empty()) fault = Do(database_.get(), kAddSums);
+    if (fault.empty()) fault = AddSums();
+    const std::string version = "PRAGMA user_version=" + std::to_string(kVersion) + ";COMMIT";
+    if (fault.empty()) fault = Do(database_.get(), version.c_str());
+    if (fault.empty()) {
+        version_ = kVersion;
+    } else {
+        Do(database_.get(), "ROLLBACK");
+    }
+    return fault;
 }
 
 std::string SqliteStore::Load(State& state) {
     State loaded;
-    std::int64_t seq = 0;
-    std::string fault = LoadSnapshot(loaded, seq);
+    End end;
+    std::string fault = Read(loaded, end);
+    if (fault.empty() && version_ < kVersion) fault = Upgrade();
     if (!fault.empty()) return fault;
-    const Statement rows =
-        Prepare(database_.get(), "SELECT seq, line FROM journal WHERE seq > ? ORDER BY seq");
-    if (!rows) return Fault();
-    sqlite3_bind_int64(rows.get(), 1, seq);
-    int result = sqlite3_step(rows.get());
-    for (; result == SQLITE_ROW; result = sqlite3_step(rows.get())) {
-        const std::int64_t row = sqlite3_column_int64(rows.get(), 0);
-        const std::string place = "is damaged: line " + std::to_string(row) + " of its journal";
-        if (row != seq + 1) return place + " is out of order";
-        Fact fact;
-        if (!ReadFactLine(ColumnText(rows.get(), 1), fact)) return place + " can't be read";
-        if (!Apply(loaded, fact)) return place + " can't follow";
-        seq = row;
-    }
-    if (result != SQLITE_DONE) return "is damaged: " + Fault();
-    last_ = seq;
+    insert_ = Prepare(database_.get(), "INSERT INTO journal(seq, line, sum) VALUES(?, ?, ?)");
+    if (!insert_) return Fault();
+    sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    broken_.clear();
+    last_ = end;
     state_ = loaded;
     state = std::move(loaded);
     return {};
@@ -175,13 +267,15 @@ std::string SqliteStore::Load(State& state) {
 
 std::string SqliteStore::Insert(const Fact& fact) {
     const std::string line = FactLine(fact);
-    sqlite3_bind_int64(insert_.get(), 1, last_ + 1);
+    const End next{last_.seq + 1, SumAfter(last_.sum, line)};
+    sqlite3_bind_int64(insert_.get(), 1, next.seq);
     sqlite3_bind_text64(insert_.get(), 2, line.data(), line.size(), SQLITE_STATIC, SQLITE_UTF8);
+    sqlite3_bind_int64(insert_.get(), 3, next.sum);
     const int result = sqlite3_step(insert_.get());
     const std::string fault = result == SQLITE_DONE ? std::string() : Fault();
     sqlite3_reset(insert_.get());
     sqlite3_clear_bindings(insert_.get());
-    if (fault.empty()) ++last_;
+    if (fault.empty()) last_ = next;
     return fault;
 }
 
@@ -206,24 +300,23 @@ std::string SqliteStore::Append(std::span<const Fact> facts) {
 
 // The journal stays whole; a start begins with the newest snapshot.
 std::string SqliteStore::SaveSnapshot() {
-    const Statement save =
-        Prepare(database_.get(), "INSERT OR REPLACE INTO snapshot(seq, state) VALUES(?, ?)");
+    const Statement save = Prepare(
+        database_.get(), "INSERT OR REPLACE INTO snapshot(seq, state, sum) VALUES(?, ?, ?)");
     if (!save) return Fault();
     const std::string text = StateText(state_);
-    sqlite3_bind_int64(save.get(), 1, last_);
+    sqlite3_bind_int64(save.get(), 1, last_.seq);
     sqlite3_bind_text64(save.get(), 2, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
+    sqlite3_bind_int64(save.get(), 3, SumAfter(last_.sum, text));
     if (sqlite3_step(save.get()) != SQLITE_DONE) return Fault();
     return Do(database_.get(), "DELETE FROM snapshot WHERE seq < (SELECT max(seq) FROM snapshot)");
 }
 
 std::string SqliteStore::Export(const std::function<void(std::string_view)>& line) {
-    const Statement rows = Prepare(database_.get(), "SELECT line FROM journal ORDER BY seq");
-    if (!rows) return Fault();
-    int result = sqlite3_step(rows.get());
-    for (; result == SQLITE_ROW; result = sqlite3_step(rows.get())) {
-        line(ColumnText(rows.get(), 0));
-    }
-    return result == SQLITE_DONE ? std::string() : Fault();
+    End end;
+    return WalkJournal(end, [&](std::string_view text) {
+        line(text);
+        return std::string();
+    });
 }
 
 }  // namespace

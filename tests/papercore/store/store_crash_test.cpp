@@ -1,15 +1,20 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <map>
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "papercore/store.h"
 #include "tests/papercore/scenario.h"
 #include "tests/papercore/store/cut_disk.h"
+#include "tests/papercore/store/watched_disk.h"
+#include "tests/support/temp_folder.h"
 
 namespace papercore_tests {
 namespace {
@@ -68,13 +73,18 @@ protected:
         }
         return event;
     }
-    /// Opens the account and goes on where it ends.
-    std::size_t GoOn() const {
-        std::string error;
-        const std::unique_ptr<Store> store = OpenStore(kFile, error);
+    /// Opens a new account and keeps the day as far as it goes, and why it goes no further.
+    std::size_t GoOn() {
+        fault_.clear();
+        const std::unique_ptr<Store> store = OpenStore(kFile, fault_);
         State loaded;
-        if (!store || !store->Load(loaded).empty()) return 0;
-        return Keep(*store, 0);
+        if (store) fault_ = store->Load(loaded);
+        if (!fault_.empty()) return 0;
+        const std::size_t told = Keep(*store, 0);
+        if (told == ends_.size()) return told;
+        fault_ = store->Append({&journal.front(), 1});
+        EXPECT_NE(fault_, "") << "it must not go on behind what was lost";
+        return told;
     }
     std::string TextAfter(std::size_t facts) const {
         State so_far;
@@ -116,6 +126,7 @@ protected:
     }
 
     std::vector<std::size_t> ends_;  ///< of events, in the journal
+    std::string fault_;
 };
 
 TEST_F(StoreCrashTest, NothingToldIsLostWhereverPowerIsCut) {
@@ -141,6 +152,41 @@ TEST_F(StoreCrashTest, NothingToldIsLostWhereverPowerIsCut) {
         }
     }
     RecordProperty("operations", operations);
+}
+
+TEST_F(StoreCrashTest, AStepThatFailsIsToldInWordsAndLeavesTheFileWhole) {
+    const testing_support::TempFolder folder;
+    const struct {
+        int code;
+        const char* words;
+    } failures[] = {{SQLITE_OK, ""},
+                    {SQLITE_FULL, "database or disk is full"},
+                    {SQLITE_IOERR_WRITE, "disk I/O error"}};
+    int steps = 1;
+    int told_of = 0;
+    for (int step = 1; step <= steps; ++step) {
+        for (const auto& [code, words] : failures) {
+            SCOPED_TRACE("step " + std::to_string(step) + ": " + words);
+            for (const char* tail : {"", "-wal", "-journal"}) {
+                std::filesystem::remove(kFile + std::string(tail));
+            }
+            WatchedDisk disk;
+            disk.syncs = false;
+            disk.before = [&, failure = code](WatchedDisk::Step, int number) {
+                return number == step ? failure : SQLITE_OK;
+            };
+            const std::size_t told = GoOn();
+            if (code == SQLITE_OK) steps = disk.Steps();
+            disk.before = {};
+            if (told < ends_.size()) {
+                ++told_of;
+                EXPECT_THAT(fault_, testing::AnyOf(words, "unable to open database file"));
+            }
+            ASSERT_NO_FATAL_FAILURE(ExpectWhole(told));
+        }
+    }
+    EXPECT_GT(steps, 50);
+    EXPECT_GT(told_of, steps);
 }
 
 }  // namespace

@@ -2,76 +2,84 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
+#include <array>
 #include <iterator>
-#include <memory>
+#include <limits>
+#include <map>
 #include <random>
 #include <set>
+#include <span>
+#include <string>
+#include <variant>
+#include <vector>
 
-#include "tests/papercore/scenario.h"
-#include "tests/support/temp_folder.h"
+#include "papercore/json_fields.h"
+#include "tests/papercore/store/store_fixture.h"
 
 namespace papercore_tests {
 namespace {
 
-namespace fs = std::filesystem;
+/// Fills any fact with anything.
+struct RandomFields {
+    std::mt19937& random;
 
-class StoreTest : public Scenario {
-protected:
-    /// A day with everything that makes facts.
-    void Trade() {
-        Start(FenFromYuan(10'000'000));
-        Feed().Previous(900.00).Bid(899.99, 50).Ask(900.00, 50).Last(900.00);
-        Feed(kSpot).Previous(900.00).Bid(899.00, 50).Ask(900.00, 50).Last(900.00);
-        Buy(3).At(900.00).Note("手动下单");
-        ExpectAccepted();
-        Buy(1).At(890.00).Note("\x81");
-        CancelOrder();
-        CPresetStop stop{};
-        stop.dStopTicks = 10;
-        stop.dStopFloat = 1;
-        engine->SetPreset("SGE", kGold, stop);
-        Buy(2).At(900.00);
-        engine->SetLotStop(1, stop);
-        Sell(1).Close().At(950.00);
-        Feed().Bid(900.40, 50).Ask(900.45, 50).Last(900.45);
-        Feed().Bid(899.80, 50).Ask(899.85, 50).Last(899.80);
-        Buy(4).Of(kSpot).At(900.00);
-        CTradeParam param{};
-        param.nStopTicks = 3;
-        engine->SetTradeParam(param);
-        engine->ChangePassword("s", "h");
-        EndDay(20260106, {{kGold, 901.00}, {kSpot, 900.50}});
-        Feed().Day(20260106).Bid(899.99, 50).Ask(900.00, 50).Last(900.00);
-        engine->WakeStops();
-        Note();
+    template <class T>
+    requires std::is_arithmetic_v<T>
+    void Fill(T& value) {
+        switch (random() % 3) {
+            case 0: value = static_cast<T>(random() % 4); break;
+            case 1: value = std::numeric_limits<T>::max(); break;
+            default: value = static_cast<T>((std::uint64_t{random()} << 32U) | random());
+        }
     }
-
-    std::string Path() const { return (temp_.path() / "account.db").string(); }
-    std::unique_ptr<Store> Open() {
-        std::string error;
-        std::unique_ptr<Store> store = OpenStore(Path(), error);
-        EXPECT_TRUE(store) << error;
-        return store;
+    void Fill(bool& value) { value = random() % 2 == 0; }
+    template <class T>
+    requires std::is_enum_v<T>
+    void Fill(T& value) { value = static_cast<T>(random() % 3); }
+    void Fill(std::string& text) {
+        static constexpr const char* kTexts[] = {"",     "SGE",      "手动下单",
+                                                 "\xB0", "\x80\xFF", "a\"\\"};
+        text = random() % 2 == 0 ? kTexts[random() % std::size(kTexts)] : std::string(2, '\0');
     }
-    std::string OpenFault() const {
-        std::string error;
-        const std::unique_ptr<Store> store = OpenStore(Path(), error);
-        State loaded;
-        return store ? store->Load(loaded) : error;
+    void Fill(CPresetStop& record) {
+        for (char& byte : std::span(reinterpret_cast<char*>(&record), sizeof record)) {
+            byte = static_cast<char>(random());
+        }
     }
-    static State Loaded(Store& store) {
-        State state;
-        EXPECT_EQ(store.Load(state), "");
-        return state;
+    template <std::size_t N>
+    void Fill(std::array<char, N>& bytes) {
+        for (char& byte : bytes) byte = static_cast<char>(random());
     }
-    void KeepAll(Store& store) {
-        for (const Fact& fact : journal) ASSERT_EQ(store.Append({&fact, 1}), "");
+    template <class T>
+    void Fill(std::vector<T>& values) {
+        values.resize(random() % 3);
+        for (T& value : values) Fill(value);
     }
-
-    testing_support::TempFolder temp_;
+    template <class Key, class T>
+    void Fill(std::map<Key, T>& values) {
+        Key key{};
+        Fill(key);
+        Fill(values[key]);
+    }
+    template <class T>
+    requires requires(RandomFields& f, T& x) { Fields(f, x); }
+    void Fill(T& value) { Fields(*this, value); }
+    template <class T>
+    void operator()(const char*, T& value) {
+        Fill(value);
+    }
 };
+
+template <std::size_t Index = 0>
+Fact RandomFact(std::size_t kind, RandomFields& fields) {
+    if constexpr (Index < std::variant_size_v<Fact>) {
+        if (kind != Index) return RandomFact<Index + 1>(kind, fields);
+        std::variant_alternative_t<Index, Fact> fact;
+        fields.Fill(fact);
+        return fact;
+    }
+    return {};
+}
 
 TEST_F(StoreTest, LinesAndStatesComeBackByteForByte) {
     Trade();
@@ -90,6 +98,33 @@ TEST_F(StoreTest, LinesAndStatesComeBackByteForByte) {
     State read;
     ASSERT_TRUE(ReadStateText(StateText(state()), read));
     EXPECT_EQ(StateText(read), StateText(state()));
+}
+
+TEST_F(StoreTest, FactsOfEveryKindWithAnythingInThemComeBack) {
+    Trade();
+    std::mt19937 random(11);
+    RandomFields fields{random};
+    State other = state();
+    int followed = 0;
+    for (int round = 0; round < 1600; ++round) {
+        const std::size_t kind = static_cast<std::size_t>(round) % std::variant_size_v<Fact>;
+        const Fact fact = RandomFact(kind, fields);
+        const std::string line = FactLine(fact);
+        Fact read;
+        ASSERT_TRUE(ReadFactLine(line, read)) << line;
+        ASSERT_EQ(FactLine(read), line);
+        const std::string before = StateText(other);
+        if (Apply(other, read)) {
+            ++followed;
+            State again;
+            ASSERT_TRUE(ReadStateText(StateText(other), again)) << line;
+            ASSERT_EQ(StateText(again), StateText(other)) << line;
+        } else {
+            ASSERT_TRUE(StateText(other) == before) << "refused, but changed by " << line;
+        }
+        if (round % 50 == 0) other = state();
+    }
+    EXPECT_GT(followed, 100);
 }
 
 TEST_F(StoreTest, WhatIsNoLineIsRefused) {
@@ -126,53 +161,6 @@ TEST_F(StoreTest, TheSameStateComesOutOfTheFile) {
     const std::unique_ptr<Store> memory = MemoryStore();
     KeepAll(*memory);
     EXPECT_EQ(StateText(Loaded(*memory)), StateText(state()));
-}
-
-TEST_F(StoreTest, AFileInUseIsLeftAlone) {
-    const std::unique_ptr<Store> store = Open();
-    Loaded(*store);
-    EXPECT_EQ(OpenFault(), "is in use by another program");
-}
-
-TEST_F(StoreTest, OtherFilesAreRefusedAndStayAsTheyAre) {
-    const auto content = [&] {
-        std::ifstream file(Path(), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(file), {});
-    };
-    std::ofstream(Path(), std::ios::binary) << std::string(5000, 'x');
-    const std::string before = content();
-    EXPECT_NE(OpenFault().find("is no account file"), std::string::npos) << OpenFault();
-    EXPECT_EQ(content(), before);
-    fs::remove(Path());
-    fs::create_directory(Path());
-    EXPECT_EQ(OpenFault(), "is a folder");
-}
-
-TEST_F(StoreTest, DamageIsToldAndNeverCrashes) {
-    Trade();
-    {
-        const std::unique_ptr<Store> store = Open();
-        Loaded(*store);
-        KeepAll(*store);
-    }
-    std::string good;
-    {
-        std::ifstream file(Path(), std::ios::binary);
-        good.assign(std::istreambuf_iterator<char>(file), {});
-    }
-    ASSERT_GT(good.size(), 8000u);
-    std::mt19937 random(17);
-    for (int round = 0; round < 150; ++round) {
-        std::string bytes = good;
-        const int changes = 1 + static_cast<int>(random() % 40);
-        for (int change = 0; change < changes; ++change) {
-            bytes[random() % bytes.size()] = static_cast<char>(random());
-        }
-        if (round % 5 == 0) bytes.resize(random() % bytes.size());
-        for (const char* tail : {"", "-wal", "-shm"}) fs::remove(Path() + tail);
-        std::ofstream(Path(), std::ios::binary) << bytes;
-        OpenFault();
-    }
 }
 
 }  // namespace

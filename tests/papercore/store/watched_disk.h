@@ -23,7 +23,6 @@ public:
     /// Called after each step that was done.
     std::function<void(int number)> after;
     int Steps() const { return steps_; }
-    void CountFromHere() { steps_ = 0; }
 
     /// Whether syncs reach the disk. A killed process loses nothing that the system has, so its
     /// tests go without.
