@@ -205,7 +205,15 @@ Region ScrollSurface(Surface& surface, const RECT& source, int x, int y, const R
     to.Intersect(source);
     Region uncovered = from;
     uncovered.Subtract(to);
-    if (to.Empty()) return uncovered;
+    MovePixels(surface, to, x, y);
+    return uncovered;
+}
+
+void MovePixels(Surface& surface, const Region& target, int x, int y) {
+    Region to = target;
+    to.Intersect(surface.Bounds());
+    to.Intersect(Moved(surface.Bounds(), x, y));
+    if (to.Empty()) return;
     const RECT read = Moved(to.Bounds(), -x, -y);
     const bool simple = to.Rects().size() == 1;
     const std::vector<Pixel> copy = simple ? std::vector<Pixel>() : Snapshot(surface, read);
@@ -221,7 +229,6 @@ Region ScrollSurface(Surface& surface, const RECT& source, int x, int y, const R
     if (!surface.records().Empty()) {
         surface.records().CopyFrom(surface.records().All(), read, to.Bounds(), to);
     }
-    return uncovered;
 }
 
 }  // namespace winbase

@@ -54,6 +54,10 @@ void SetDefaultScale(int scale);
 /// its pixels and has to be painted again, within `source`.
 Region ScrollSurface(Surface& surface, const RECT& source, int x, int y, const Region& clip);
 
+/// Fills `to` with the pixels, records included, that stand `x`, `y` before it. What would come
+/// from outside the surface stays as it is.
+void MovePixels(Surface& surface, const Region& to, int x, int y);
+
 /// The region behind a handle, or null.
 const Region* RegionOf(HRGN region);
 /// Sets what a region handle holds; false for another kind of handle.

@@ -115,6 +115,23 @@ void InvalidateWindow(Window* window, const Region& region, UINT flags) {
     }
 }
 
+namespace {
+
+// A ground that was drawn over children who had drawn theirs before: those who will paint anyway
+// begin anew.
+void EraseBelowAgain(Window* window, const Region& erased) {
+    if ((window->style & WS_CLIPCHILDREN) != 0) return;
+    for (Window* child : window->children) {
+        if ((child->style & WS_VISIBLE) == 0) continue;
+        const Region part = InChild(window, child, erased);
+        if (part.Empty()) continue;
+        if (!child->paint.update.Empty()) child->paint.erase = true;
+        EraseBelowAgain(child, part);
+    }
+}
+
+}  // namespace
+
 void EraseNow(Window* window) {
     const HWND handle = window->handle;
     if (window->paint.update.Empty() || !IsShown(window)) return;
@@ -128,6 +145,7 @@ void EraseNow(Window* window) {
     client.Intersect(window->client);
     if (!window->paint.erase || client.Empty()) return;
     window->paint.erase = false;
+    EraseBelowAgain(window, client);
     const HDC dc = GetDC(handle);
     client.Offset(-window->client.left, -window->client.top);
     SetPaintClip(dc, &client);
@@ -248,8 +266,9 @@ HDC WINAPI BeginPaint(HWND handle, LPPAINTSTRUCT paint) {
     }
     Region update = window->paint.update;
     update.Intersect(window->client);
-    update.Offset(-window->client.left, -window->client.top);
     const bool erase = window->paint.erase && !update.Empty();
+    if (erase) EraseBelowAgain(window, update);
+    update.Offset(-window->client.left, -window->client.top);
     window->paint = {};
     const HDC dc = GetDC(handle);
     SetPaintClip(dc, &update);

@@ -119,19 +119,13 @@ void CopyMoved(const Change& change) {
     const int dx = now.left - before.left;
     const int dy = now.top - before.top;
     Region reach = VisibleOnScreen(window);
-    Region source = change.old_visible;
-    Region moved = source;
+    Region moved = change.old_visible;
     moved.Offset(dx, dy);
     moved.Intersect(reach);
     const RECT origin = ScreenRect(top);
-    Region clip = moved;
-    Region back = moved;
-    back.Offset(-dx, -dy);
-    clip.Unite(back);
-    clip.Offset(-origin.left, -origin.top);
-    if (!moved.Empty()) {
-        ScrollSurface(*top->surface, Moved(before, -origin.left, -origin.top), dx, dy, clip);
-    }
+    Region target = moved;
+    target.Offset(-origin.left, -origin.top);
+    MovePixels(*top->surface, target, dx, dy);
     // What was hidden before has no pixels to bring along.
     reach.Subtract(moved);
     if (!reach.Empty()) {

@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,7 @@
 #include "plugin/qm_interface_ui.h"
 #include "tests/support/front_end/recording_core.h"
 #include "tests/support/front_end/recording_host.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 
@@ -210,6 +212,29 @@ TEST_F(FrameTest, WhatTheUserArrangedIsRemembered) {
     EXPECT_EQ(remembered_.contract, "Ag(T+D)");
     frame_->Remember();
     EXPECT_EQ(remembered_.quote_columns.size(), 9u);
+}
+
+TEST_F(FrameTest, NoSizeLeavesAnythingOfTheFormerPicture) {
+    const testing_support::TempFolder temp;
+    std::mt19937 random(3);
+    SIZE size{1000, 650};
+    for (int turn = 0; turn < 30; ++turn) {
+        // Steps of few pixels are where windows move onto their own former place.
+        const int wider = random() % 2 == 0 ? 0 : static_cast<int>(random() % 60) - 30;
+        size.cx = std::clamp<LONG>(size.cx + wider, 900, 1280);
+        size.cy = std::clamp<LONG>(size.cy + static_cast<int>(random() % 9) - 4, 560, 800);
+        frame_->ShowPage(static_cast<int>(random() % 4));
+        Pump();
+        frame_->MoveWindow(turn % 2 * 80, turn % 2 * 50, size.cx, size.cy);
+        Pump();
+        ASSERT_TRUE(platform::testing::SavePicture(*frame_, "seen.png"));
+        ::RedrawWindow(*frame_, nullptr, nullptr,
+                       RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        Pump();
+        ASSERT_TRUE(platform::testing::SavePicture(*frame_, "anew.png"));
+        ASSERT_TRUE(temp.Read(u8"seen.png") == temp.Read(u8"anew.png"))
+            << turn << ": " << size.cx << " x " << size.cy;
+    }
 }
 
 }  // namespace
