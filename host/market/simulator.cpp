@@ -50,24 +50,6 @@ std::optional<Event> Simulator::Next() {
     return event;
 }
 
-double Simulator::Uniform() {
-    random_ += 0x9E3779B97F4A7C15ULL;
-    std::uint64_t mixed = random_;
-    mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9ULL;
-    mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBULL;
-    mixed ^= mixed >> 31;
-    return static_cast<double>(mixed >> 11) / 9007199254740992.0;
-}
-
-double Simulator::Bell() {
-    const double sum = Uniform() + Uniform() + Uniform() + Uniform();
-    return (sum - 2) * 1.7320508;
-}
-
-int Simulator::Whole(int least, int most) {
-    return least + static_cast<int>(Uniform() * (most - least + 1));
-}
-
 void Simulator::BeginDay(papercore::Day day) {
     day_ = day;
     int begin = kLastMinute;
@@ -85,6 +67,7 @@ void Simulator::BeginDay(papercore::Day day) {
         quote.open = quote.high = quote.low = quote.volume = quote.turnover = 0;
         quote.last = quote.previous_close;
         quote.phase = MarketPhase::kClosed;
+        contract.book.Clear();
         if (contract.terms->sessions.empty()) continue;
         begin = std::min(begin, contract.terms->sessions.front().begin);
         end = std::max(end, contract.terms->sessions.back().end);
@@ -107,9 +90,10 @@ MarketPhase Simulator::PhaseOf(const Contract& contract) const {
 }
 
 void Simulator::Walk(Metal& metal) {
-    if (Uniform() < 0.0008) metal.burst = 6;
+    if (random_.Uniform() < 0.0008) metal.burst = 6;
     metal.burst += (1 - metal.burst) * 0.01;
-    metal.away += -0.00005 * metal.away + 0.00002 * options_.volatility * metal.burst * Bell();
+    metal.away +=
+        -0.00005 * metal.away + 0.00002 * options_.volatility * metal.burst * random_.Bell();
 }
 
 void Simulator::MakeTicks() {
@@ -127,8 +111,8 @@ void Simulator::MakeTicks() {
         const double activity = std::min(kBusy, kCalm + 0.08 * (metal.burst - 1));
         if (phase == MarketPhase::kAuction) Collect(contract);
         if (phase == MarketPhase::kContinuous) {
-            if (changed || Uniform() < activity) Tick(contract);
-        } else if (changed || (phase == MarketPhase::kAuction && Uniform() < 0.02)) {
+            if (changed || random_.Uniform() < activity) Tick(contract);
+        } else if (changed || (phase == MarketPhase::kAuction && random_.Uniform() < 0.02)) {
             contract.quote.trade_price = 0;
             contract.quote.trade_volume = 0;
             contract.quote.bid = {};
@@ -142,11 +126,13 @@ void Simulator::MakeTicks() {
 
 void Simulator::Tick(Contract& contract) {
     Quote& quote = contract.quote;
-    contract.away += -0.01 * contract.away + 0.000008 * Bell();
-    Levels(contract, MiddleOf(contract));
+    contract.away += -0.01 * contract.away + 0.000008 * random_.Bell();
+    contract.book.Follow(
+        {MiddleOf(contract), contract.terms->tick, quote.lower_limit, quote.upper_limit}, random_);
     quote.trade_price = 0;
     quote.trade_volume = 0;
-    if (!Open(contract) && Uniform() < 0.45) Trade(contract);
+    if (!Open(contract) && random_.Uniform() < 0.45) Trade(contract);
+    contract.book.Show(quote);
     quote.time = time_;
     ready_.emplace_back(quote);
 }
@@ -161,13 +147,13 @@ Price Simulator::MiddleOf(const Contract& contract) const {
 
 /// Somebody joins the auction, with a price around the value.
 void Simulator::Collect(Contract& contract) {
-    if (Uniform() >= 0.1) return;
+    if (random_.Uniform() >= 0.1) return;
     papercore::Interest interest;
-    interest.side = Uniform() < 0.5 ? papercore::Side::kBuy : papercore::Side::kSell;
-    interest.price = MiddleOf(contract) + contract.terms->tick * Whole(-8, 8);
+    interest.side = random_.Uniform() < 0.5 ? papercore::Side::kBuy : papercore::Side::kSell;
+    interest.price = MiddleOf(contract) + contract.terms->tick * random_.Whole(-8, 8);
     interest.price =
         std::clamp(interest.price, contract.quote.lower_limit, contract.quote.upper_limit);
-    interest.volume = Whole(1, 20);
+    interest.volume = random_.Whole(1, 20);
     contract.crowd.push_back(interest);
 }
 
@@ -181,27 +167,11 @@ bool Simulator::Open(Contract& contract) {
     return true;
 }
 
-void Simulator::Levels(Contract& contract, Price middle) {
-    Quote& quote = contract.quote;
-    const Price tick = contract.terms->tick;
-    Price bid = middle - tick * Whole(0, 1);
-    Price ask = bid + tick * Whole(1, 3);
-    for (std::size_t level = 0; level < papercore::kLevels; ++level) {
-        const int bid_size = Whole(1, 40);
-        const int ask_size = Whole(1, 40);
-        const bool has_bid = bid >= quote.lower_limit && bid > 0;
-        const bool has_ask = ask <= quote.upper_limit;
-        quote.bid[level] = has_bid ? papercore::Level{bid, bid_size} : papercore::Level{};
-        quote.ask[level] = has_ask ? papercore::Level{ask, ask_size} : papercore::Level{};
-        bid -= tick * Whole(1, 2);
-        ask += tick * Whole(1, 2);
-    }
-}
-
+/// Somebody takes from the book what he finds.
 void Simulator::Trade(Contract& contract) {
-    const bool bought = Uniform() < 0.5;
-    const papercore::Level& level = bought ? contract.quote.ask[0] : contract.quote.bid[0];
-    if (level.price > 0) Print(contract, level.price, Whole(1, 12));
+    const auto from = random_.Uniform() < 0.5 ? papercore::Side::kSell : papercore::Side::kBuy;
+    const papercore::Level taken = contract.book.Take(from, random_.Whole(1, 12));
+    if (taken.volume > 0) Print(contract, taken.price, taken.volume);
 }
 
 void Simulator::Print(Contract& contract, Price price, std::int64_t volume) {

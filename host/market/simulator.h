@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/market/made_up.h"
 #include "host/market/source.h"
 #include "papercore/auction.h"
 #include "papercore/contract_terms.h"
@@ -40,18 +41,15 @@ private:
         bool silver = false;
         double away = 0;                         ///< its own, beside its metal's
         std::vector<papercore::Interest> crowd;  ///< of the auction
+        MadeBook book;
     };
 
-    double Uniform();
-    double Bell();
-    int Whole(int least, int most);
     void BeginDay(papercore::Day day);
     void FinishDay();
     void MakeTicks();
     void Walk(Metal& metal);
     papercore::MarketPhase PhaseOf(const Contract& contract) const;
     void Tick(Contract& contract);
-    void Levels(Contract& contract, papercore::Price middle);
     void Trade(Contract& contract);
     void Print(Contract& contract, papercore::Price price, std::int64_t volume);
     papercore::Price MiddleOf(const Contract& contract) const;
@@ -60,7 +58,7 @@ private:
 
     papercore::TermsTable terms_;
     SimulatorOptions options_;
-    std::uint64_t random_;
+    Random random_;
     Metal gold_;
     Metal silver_;
     std::vector<Contract> contracts_;
