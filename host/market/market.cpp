@@ -17,6 +17,9 @@ constexpr std::size_t kMostTrades = 200;
 constexpr std::size_t kMostMinutes = 3000;
 /// Nobody wants to wait through a night: the clock leaps over what is longer.
 constexpr Instant kLongestPause = 10 * kMinute;
+/// Where it lands before the next event: at the event itself, a step without time left would tell
+/// it, and so on through a file of rare rows.
+constexpr Instant kAfterLeap = 1000;
 constexpr Instant kEndOfTime = std::numeric_limits<Instant>::max() / 4;
 
 const char* PhaseText(papercore::MarketPhase phase) {
@@ -61,28 +64,44 @@ Market::Market(std::unique_ptr<Source> source)
 
 int Market::Subscribe(Subscriber subscriber) {
     const std::lock_guard lock(mutex_);
-    subscribers_[next_subscription_] = std::make_shared<const Subscriber>(std::move(subscriber));
+    auto subscription = std::make_shared<Subscription>();
+    subscription->subscriber = std::move(subscriber);
+    subscriptions_[next_subscription_] = std::move(subscription);
     return next_subscription_++;
 }
 
 void Market::Unsubscribe(int subscription) {
-    const std::lock_guard lock(mutex_);
-    subscribers_.erase(subscription);
+    std::shared_ptr<Subscription> ended;
+    {
+        const std::lock_guard lock(mutex_);
+        const auto found = subscriptions_.find(subscription);
+        if (found == subscriptions_.end()) return;
+        ended = std::move(found->second);
+        subscriptions_.erase(found);
+    }
+    const std::lock_guard call(ended->calling);
+    ended->ended = true;
 }
 
 bool Market::TakeNext(Instant& until, Event& event) {
-    const std::lock_guard lock(mutex_);
-    if (!pending_ || TimeOf(*pending_) > until) {
-        now_ = std::max(now_, until);
-        return false;
+    {
+        const std::lock_guard lock(mutex_);
+        if (!pending_ || TimeOf(*pending_) > until) {
+            now_ = std::max(now_, until);
+            return false;
+        }
     }
+    // Unlocked: a source may read a file, and who hears of its faults may read the market.
+    std::optional<Event> next = source_->Next();
+    const std::lock_guard lock(mutex_);
     event = std::move(*pending_);
-    pending_ = source_->Next();
+    pending_ = std::move(next);
     at_end_ = !pending_;
     now_ = std::max(now_, TimeOf(event));
     if (pending_ && TimeOf(*pending_) - now_ > kLongestPause && until < kEndOfTime) {
-        until += TimeOf(*pending_) - now_;
-        now_ = TimeOf(*pending_);
+        const Instant leap = TimeOf(*pending_) - kAfterLeap - now_;
+        until += leap;
+        now_ += leap;
     }
     return true;
 }
@@ -147,14 +166,8 @@ void Market::EndDay(papercore::DayEnd end) {
     Tell(std::move(end));
 }
 
-std::vector<std::shared_ptr<const Subscriber>> Market::Subscribers() const {
-    std::vector<std::shared_ptr<const Subscriber>> result;
-    for (const auto& [id, subscriber] : subscribers_) result.push_back(subscriber);
-    return result;
-}
-
 void Market::Tell(const Event& event) {
-    std::vector<std::shared_ptr<const Subscriber>> told;
+    std::vector<std::shared_ptr<Subscription>> told;
     const auto* quote = std::get_if<Quote>(&event);
     {
         const std::lock_guard lock(mutex_);
@@ -164,12 +177,15 @@ void Market::Tell(const Event& event) {
             phase_ = papercore::MarketPhase::kClosed;
             day_ = std::get<papercore::DayEnd>(event).next_trading_day;
         }
-        told = Subscribers();
+        for (const auto& [id, subscription] : subscriptions_) told.push_back(subscription);
     }
-    for (const auto& subscriber : told) {
-        if (quote && subscriber->on_quote) subscriber->on_quote(*quote);
-        if (!quote && subscriber->on_day_end) {
-            subscriber->on_day_end(std::get<papercore::DayEnd>(event));
+    for (const auto& subscription : told) {
+        const std::lock_guard call(subscription->calling);
+        if (subscription->ended) continue;
+        const Subscriber& subscriber = subscription->subscriber;
+        if (quote && subscriber.on_quote) subscriber.on_quote(*quote);
+        if (!quote && subscriber.on_day_end) {
+            subscriber.on_day_end(std::get<papercore::DayEnd>(event));
         }
     }
 }

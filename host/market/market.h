@@ -36,7 +36,7 @@ struct Bar {
 };
 
 /// Called in the market's order on the thread that steps it, never while the market is locked: it
-/// may read the market. It must not step it or change the subscribers.
+/// may read the market and end subscriptions, its own too. It must not step it.
 struct Subscriber {
     std::function<void(const papercore::Quote&)> on_quote;
     std::function<void(const papercore::DayEnd&)> on_day_end;
@@ -50,6 +50,8 @@ public:
 
     /// The answer ends the subscription.
     int Subscribe(Subscriber subscriber);
+    /// Nothing is told any more once it returns: on another thread it waits for a call under way,
+    /// so the caller must hold no lock that the subscriber takes.
     void Unsubscribe(int subscription);
 
     /// Lets market time pass and tells what happens in it. The quotes are the same however the time
@@ -92,16 +94,21 @@ private:
         std::size_t of_previous_day = 0;  ///< how many of them
     };
 
+    struct Subscription {
+        Subscriber subscriber;
+        std::recursive_mutex calling;  ///< recursive: it may be ended in its own call
+        bool ended = false;
+    };
+
     bool TakeNext(papercore::Instant& until, Event& event);
     void Tell(const Event& event);
     void Remember(const papercore::Quote& quote);
     static void AddMinute(Contract& contract);
-    std::vector<std::shared_ptr<const Subscriber>> Subscribers() const;
 
     mutable std::mutex mutex_;
     std::unique_ptr<Source> source_;
     std::map<std::string, Contract, std::less<>> contracts_;
-    std::map<int, std::shared_ptr<const Subscriber>> subscribers_;
+    std::map<int, std::shared_ptr<Subscription>> subscriptions_;
     papercore::Instant now_ = 0;
     papercore::Day day_ = 0;
     papercore::MarketPhase phase_ = papercore::MarketPhase::kClosed;
