@@ -62,15 +62,15 @@ void MadeBook::Join(Levels& levels, Price best, Price away, Price last, Random& 
     Price price = best + away * random.Whole(0, 1);
     if (worse(price, last)) price = best;
     Levels joined;
-    for (; joined.size() < kKept && !worse(price, last) &&
-           (levels.empty() || worse(levels.front().price, price));
-         price += away * random.Whole(1, 2)) {
+    while (joined.size() < kKept && !worse(price, last) &&
+           (levels.empty() || worse(levels.front().price, price))) {
         joined.push_back({price, random.Whole(1, kMostJoining)});
+        price += away * random.Whole(1, 2);
     }
     levels.insert(levels.begin(), joined.begin(), joined.end());
     levels.resize(std::min(levels.size(), kKept));
     while (!levels.empty() && levels.size() < kKept) {
-        const Price price = levels.back().price + away * random.Whole(1, 2);
+        price = levels.back().price + away * random.Whole(1, 2);
         if (worse(price, last)) break;
         levels.push_back({price, random.Whole(1, kMostJoining)});
     }
