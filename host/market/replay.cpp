@@ -145,6 +145,13 @@ std::int64_t Replay::VolumeOf(double value) const {
     return std::max<std::int64_t>(1, std::llround(lots));
 }
 
+/// A size without a price is no level.
+papercore::Level Replay::LevelOf(double price, double volume) const {
+    const Price at = PriceOf(price);
+    if (at == 0) return {};
+    return {at, reader_.Kind() == Layout::kQuotes ? kUsualSize : VolumeOf(volume)};
+}
+
 /// Yesterday's figures; the first day of a file has only its first price to go by.
 void Replay::BeginDay(const Row& row) {
     row_terms_ = terms_.Find(options_.contract, row.trading_day);
@@ -172,8 +179,7 @@ void Replay::FinishDay(Day next) {
         price = (std::llround(average * kPricePerFen) + tick / 2) / tick * tick;
     }
     papercore::DayEnd end;
-    end.time = last_time_;
-    if (!ready_.empty()) end.time = std::max(end.time, TimeOf(ready_.back()));
+    end.time = std::max(last_time_, emitted_);
     end.trading_day = quote_.trading_day;
     end.next_trading_day = next;
     end.settlements.push_back({quote_.contract, price});
@@ -217,13 +223,8 @@ void Replay::AddTick(const Row& row) {
         return;
     }
     for (std::size_t level = 0; level < papercore::kLevels; ++level) {
-        const bool unsized = reader_.Kind() == Layout::kQuotes;
-        const Price bid = PriceOf(row.bid[level]);
-        const Price ask = PriceOf(row.ask[level]);
-        quote_.bid[level] = {bid,
-                             bid > 0 && unsized ? kUsualSize : VolumeOf(row.bid_volume[level])};
-        quote_.ask[level] = {ask,
-                             ask > 0 && unsized ? kUsualSize : VolumeOf(row.ask_volume[level])};
+        quote_.bid[level] = LevelOf(row.bid[level], row.bid_volume[level]);
+        quote_.ask[level] = LevelOf(row.ask[level], row.ask_volume[level]);
     }
     if (reader_.Kind() == Layout::kDepth) {
         const double more = file_volume_ < 0 ? 0 : std::max(0.0, row.volume - file_volume_);
@@ -263,8 +264,8 @@ void Replay::AddBar(const Row& row) {
         if (quote_.bid[level].price == 0) quote_.bid[level].volume = 0;
         if (quote_.ask[level].price == 0) quote_.ask[level].volume = 0;
     }
-    quote_.bid[0].volume = VolumeOf(row.bid_volume[0]);
-    quote_.ask[0].volume = VolumeOf(row.ask_volume[0]);
+    quote_.bid[0] = LevelOf(row.bid[0], row.bid_volume[0]);
+    quote_.ask[0] = LevelOf(row.ask[0], row.ask_volume[0]);
     Emit(row.time + 3 * kBarStep);
 }
 

@@ -56,6 +56,7 @@ private:
     void LevelsAround(papercore::Price price);
     papercore::Price PriceOf(double value) const;
     std::int64_t VolumeOf(double value) const;
+    papercore::Level LevelOf(double price, double volume) const;
 
     std::unique_ptr<std::istream> input_;
     ReplayOptions options_;
