@@ -82,7 +82,8 @@ private:
         quote_.bid = {};
         quote_.ask = {};
         Price bid = middle_ - Pick(0, 1) * kTick;
-        Price ask = bid + Pick(1, 3) * kTick;
+        const bool met = Pick(0, 15) == 0;  // locked or crossed
+        Price ask = bid + (met ? Pick(-3, 0) : Pick(1, 3)) * kTick;
         const bool no_bids = Pick(0, 30) == 0;
         const bool no_asks = Pick(0, 30) == 0;
         for (std::size_t i = 0; i < static_cast<std::size_t>(width_); ++i) {
