@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -18,6 +19,7 @@ constexpr int kMinutesOfDay = 24 * 60;
 constexpr int kEveningBegins = 18 * 60;
 constexpr std::size_t kLongestName = 31;
 constexpr double kPercent = 10'000;
+constexpr int kDeepest = 8;
 
 [[noreturn]] void Fail(const std::string& where, const std::string& what) {
     throw std::runtime_error(where + ": " + what);
@@ -88,12 +90,14 @@ Day DayOf(const std::string& text, const std::string& where) {
         !IsDigits(view.substr(5, 2)) || !IsDigits(view.substr(8, 2))) {
         Fail(where, "\"from\" is not a day YYYY-MM-DD");
     }
+    const int year = Digits(view.substr(0, 4));
     const int month = Digits(view.substr(5, 2));
     const int day = Digits(view.substr(8, 2));
-    if (month < 1 || month > 12 || day < 1 || day > 31) {
-        Fail(where, "\"from\" is not a day YYYY-MM-DD");
-    }
-    return Digits(view.substr(0, 4)) * 10000 + month * 100 + day;
+    const std::chrono::year_month_day civil{std::chrono::year{year},
+                                            std::chrono::month(static_cast<unsigned>(month)),
+                                            std::chrono::day(static_cast<unsigned>(day))};
+    if (!civil.ok()) Fail(where, "\"from\" is not a day YYYY-MM-DD");
+    return year * 10000 + month * 100 + day;
 }
 
 /// Times from 18:00 on are the evening before the trading day.
@@ -222,7 +226,12 @@ void ReadContract(json value, const SessionTables& tables, const std::string& wh
 }
 
 std::vector<ContractTerms> Read(std::string_view text) {
-    const json root = json::parse(text);
+    const auto shallow = [](int depth, json::parse_event_t, json&) {
+        // Copies of values recurse: what is nested without end would use up the stack.
+        if (depth > kDeepest) Fail("file", "nested too deeply");
+        return true;
+    };
+    const json root = json::parse(text, shallow);
     RefuseUnknown(root, {"version", "session_tables", "contracts"}, "file");
     if (Whole(root, "version", 0, 1e6, "file") != 1) Fail("file", "\"version\" is not 1");
     const SessionTables tables = Tables(root);

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <fstream>
 #include <iterator>
+#include <random>
 #include <string>
 
 namespace papercore {
@@ -74,6 +76,12 @@ TEST(ContractTermsFile, SaysWhereAFaultIsAndKeepsTheOldTable) {
         {"\"margin_percent\": 18", "\"margin_percent\": 0", "dated[1]: \"margin_percent\" is 0"},
         {"\"margin_percent\": 18", "\"margin_percent\": 1e300", "out of range"},
         {"2026-02-24", "2026-13-24", "dated[1]: \"from\""},
+        {"2026-02-24", "2026-02-30", "dated[1]: \"from\""},
+        {"\"margin_percent\": 18", "\"margin_percent\": -18", "out of range"},
+        {"\"margin_percent\": 18", "\"margin_percent\": null", "is not a number"},
+        {"\"limit_percent\": 17", "\"contract\": \"Au\"", "stands at the contract only"},
+        {"\"smallest_order\": 1", "\"smallest_order\": 501", "is below \"smallest_order\""},
+        {"\"02:30\"", "\"20:00\"", "session_tables.all[1]"},
         {"2026-02-24", "2026-01-05", "two rows for day 20260105"},
         {"\"short\"", "\"both\"", "deferred_payer"},
         {"\"sessions\": \"all\"", "\"sessions\": \"none\"", "names no session table"},
@@ -102,6 +110,48 @@ TEST(ContractTermsFile, EveryCutAndEverySpoiltByteIsAnsweredNotACrash) {
         spoilt[at] = static_cast<char>(0xFF);
         EXPECT_NE("", table.Parse(spoilt));
         EXPECT_TRUE(table.Contracts().empty());
+    }
+}
+
+TEST(ContractTermsFile, NestingWithoutEndIsRefused) {
+    const std::string open(200'000, '[');
+    const std::string shut(200'000, ']');
+    for (const std::string& text :
+         {open, open + shut, With("1000", open + shut), With("\"GT-F\"", open + shut),
+          With("{\"from\": \"2026-01-05\"", "{\"x\": " + open + shut)}) {
+        TermsTable table;
+        EXPECT_NE("", table.Parse(text));
+    }
+}
+
+/// TERMS_FUZZ sets the number of rounds.
+TEST(ContractTermsFile, AnyBytesAreAnsweredInOneLine) {
+    const char* rounds = std::getenv("TERMS_FUZZ");
+    std::mt19937 random(1);
+    const auto pick = [&random](std::size_t below) { return random() % below; };
+    const std::string odd[] = {"1e999", "-0",          "[]",           "{}",
+                               "null",  "\"\\u0000\"", "\xEF\xBB\xBF", ","};
+    for (int round = rounds ? std::atoi(rounds) : 2000; round > 0; --round) {
+        std::string text = round % 4 == 0 ? std::string(pick(200), ' ') : kSample;
+        for (std::size_t spoilt = 1 + pick(round % 4 == 0 ? 200 : 4); spoilt > 0; --spoilt) {
+            if (text.empty()) break;
+            const std::size_t at = pick(text.size());
+            if (pick(2) == 0) {
+                text[at] = static_cast<char>(pick(256));
+            } else {
+                text.replace(at, pick(6), odd[pick(std::size(odd))]);
+            }
+        }
+        TermsTable table;
+        const std::string said = table.Parse(text);
+        EXPECT_EQ(said.empty(), !table.Contracts().empty());
+        EXPECT_EQ(std::string::npos, said.find_first_of("\r\n"));
+        for (const std::string& name : table.Contracts()) {
+            const ContractTerms* terms = table.Find(name, 20260301);
+            ASSERT_NE(nullptr, terms);
+            EXPECT_TRUE(terms->tick > 0 && terms->unit > 0 && terms->margin > 0 &&
+                        !terms->sessions.empty());
+        }
     }
 }
 
