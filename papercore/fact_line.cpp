@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <iterator>
 #include <limits>
 #include <stdexcept>
@@ -39,21 +41,54 @@ int DigitOf(char c) {
     throw std::invalid_argument("no hexadecimal digit");
 }
 
-std::string Dump(const json& value) {
-    return value.dump(-1, ' ', false, json::error_handler_t::replace);
+/// False for bytes that are no text, or would not come back.
+bool ToUtf8(const std::string& text, std::string& utf8) {
+    const auto is_plain = [](char c) { return c >= ' ' && c <= '~'; };
+    if (std::ranges::all_of(text, is_plain)) {
+        utf8 = text;
+        return true;
+    }
+    const auto is_control = [](char c) { return static_cast<unsigned char>(c) < ' '; };
+    if (std::ranges::any_of(text, is_control)) return false;
+    bool replaced = false;
+    utf8 = text::Utf8FromGbk(text, &replaced);
+    if (replaced) return false;
+    return text::GbkFromUtf8(utf8, &replaced) == text && !replaced;
 }
 
 }  // namespace
 
-std::string HexOf(const char* bytes, std::size_t size) {
-    std::string hex;
-    hex.reserve(size * 2);
-    for (std::size_t at = 0; at < size; ++at) {
-        const auto byte = static_cast<unsigned char>(bytes[at]);
-        hex += kHex[byte >> 4];
-        hex += kHex[byte & 15];
+void WriteInteger(std::int64_t value, std::string& to) {
+    std::array<char, 24> digits{};
+    to.append(digits.data(), std::to_chars(digits.begin(), digits.end(), value).ptr);
+}
+
+void WriteHex(std::span<const char> bytes, std::string& to) {
+    const std::size_t begin = to.size() + 1;
+    to.resize(begin + bytes.size() * 2 + 1, '"');
+    to[begin - 1] = '"';
+    char* at = to.data() + begin;
+    for (const char c : bytes) {
+        const auto byte = static_cast<unsigned char>(c);
+        *at++ = kHex[byte >> 4];
+        *at++ = kHex[byte & 15];
     }
-    return hex;
+}
+
+void WriteText(const std::string& text, std::string& to) {
+    std::string utf8;
+    if (!ToUtf8(text, utf8)) {
+        to += "{\"hex\":";
+        WriteHex(text, to);
+        to += '}';
+        return;
+    }
+    to += '"';
+    for (const char c : utf8) {
+        if (c == '"' || c == '\\') to += '\\';
+        to += c;
+    }
+    to += '"';
 }
 
 void BytesFromHex(const std::string& hex, char* bytes, std::size_t size) {
@@ -61,15 +96,6 @@ void BytesFromHex(const std::string& hex, char* bytes, std::size_t size) {
     for (std::size_t at = 0; at < size; ++at) {
         bytes[at] = static_cast<char>(DigitOf(hex[at * 2]) * 16 + DigitOf(hex[at * 2 + 1]));
     }
-}
-
-json TextToJson(const std::string& text) {
-    const bool bytes =
-        std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < ' '; });
-    bool replaced = bytes;
-    std::string utf8 = bytes ? std::string() : text::Utf8FromGbk(text, &replaced);
-    if (!replaced && text::GbkFromUtf8(utf8, &replaced) == text && !replaced) return utf8;
-    return json{{"hex", HexOf(text.data(), text.size())}};
 }
 
 std::string TextFromJson(const json& value) {
@@ -94,9 +120,13 @@ std::int64_t IntegerFromJson(const json& value, std::int64_t least, std::int64_t
 
 std::string FactLine(const Fact& fact) {
     Fact copy = fact;
-    json object = std::visit([](auto& what) { return ToJson(what); }, copy);
-    object["fact"] = kFactNames[copy.index()];
-    return Dump(object);
+    std::string line;
+    FieldWriter writer{line};
+    std::string name = kFactNames[copy.index()];
+    writer("fact", name);
+    std::visit([&](auto& what) { Fields(writer, what); }, copy);
+    line += '}';
+    return line;
 }
 
 bool ReadFactLine(std::string_view line, Fact& fact) {
@@ -111,7 +141,9 @@ bool ReadFactLine(std::string_view line, Fact& fact) {
 
 std::string StateText(const State& state) {
     State copy = state;
-    return Dump(ToJson(copy));
+    std::string text;
+    Write(copy, text);
+    return text;
 }
 
 bool ReadStateText(std::string_view text, State& state) {

@@ -6,295 +6,103 @@
 #include <limits>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <span>
 #include <string>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
-#include "papercore/facts.h"
+#include "papercore/record_fields.h"
 
-// Facts and state as JSON. Each record says its fields once, by name, for both ways.
+// Facts and state as JSON.
 
 namespace papercore {
 
 using nlohmann::json;
 
-/// A GBK text as UTF-8; bytes that are none, or would not come back, in hexadecimal.
-json TextToJson(const std::string& text);
+/// A GBK text stands there as UTF-8; bytes that are none, or would not come back, in hexadecimal.
 /// Throw std::exception for what is no such value.
 std::string TextFromJson(const json& value);
-std::string HexOf(const char* bytes, std::size_t size);
 void BytesFromHex(const std::string& hex, char* bytes, std::size_t size);
 
-template <class F>
-void Fields(F& f, Login& x) {
-    f("account", x.account);
-    f("salt", x.salt);
-    f("hash", x.hash);
-}
-template <class F>
-void Fields(F& f, FrozenSlice& x) {
-    f("lot", x.lot);
-    f("volume", x.volume);
-}
-template <class F>
-void Fields(F& f, Order& x) {
-    f("id", x.id);
-    f("session", x.session);
-    f("day", x.day);
-    f("time", x.time);
-    f("exchange", x.exchange);
-    f("contract", x.contract);
-    f("side", x.side);
-    f("offset", x.offset);
-    f("hedge", x.hedge);
-    f("kind", x.kind);
-    f("limit", x.limit);
-    f("volume", x.volume);
-    f("filled", x.filled);
-    f("status", x.status);
-    f("remark", x.remark);
-    f("note", x.note);
-    f("source", x.source);
-    f("price_code", x.price_code);
-    f("tied_lot", x.tied_lot);
-    f("opening", x.opening);
-    f("closing", x.closing);
-    f("frozen_margin", x.frozen_margin);
-    f("frozen_fee", x.frozen_fee);
-    f("request", x.request);
-}
-template <class F>
-void Fields(F& f, Trade& x) {
-    f("id", x.id);
-    f("order", x.order);
-    f("day", x.day);
-    f("time", x.time);
-    f("contract", x.contract);
-    f("side", x.side);
-    f("offset", x.offset);
-    f("hedge", x.hedge);
-    f("price", x.price);
-    f("volume", x.volume);
-    f("fee", x.fee);
-    f("realised", x.realised);
-}
-template <class F>
-void Fields(F& f, LotStop& x) {
-    f("record", x.record);
-    f("for_good", x.for_good);
-    f("asleep", x.asleep);
-    f("float_base", x.float_base);
-    f("triggered", x.triggered);
-}
-template <class F>
-void Fields(F& f, Lot& x) {
-    f("id", x.id);
-    f("exchange", x.exchange);
-    f("contract", x.contract);
-    f("side", x.side);
-    f("hedge", x.hedge);
-    f("day", x.day);
-    f("session", x.session);
-    f("unit", x.unit);
-    f("volume", x.volume);
-    f("frozen", x.frozen);
-    f("open_price", x.open_price);
-    f("hold_price", x.hold_price);
-    f("margin", x.margin);
-    f("has_stop", x.has_stop);
-    f("stop", x.stop);
-}
-template <class F>
-void Fields(F& f, Ledger& x) {
-    f("deposits", x.deposits);
-    f("withdrawals", x.withdrawals);
-    f("realised", x.realised);
-    f("settled", x.settled);
-    f("fees", x.fees);
-    f("deferred", x.deferred);
-    f("fees_today", x.fees_today);
-}
-template <class F>
-void Fields(F& f, State& x) {
-    f("login", x.login);
-    f("ledger", x.ledger);
-    f("day", x.day);
-    f("sessions", x.sessions);
-    f("last_order", x.last_order);
-    f("last_lot", x.last_lot);
-    f("last_trade", x.last_trade);
-    f("orders", x.orders);
-    f("trades", x.trades);
-    f("history", x.history);
-    f("lots", x.lots);
-    f("presets", x.presets);
-    f("settlements", x.settlements);
-    f("trade_param", x.trade_param);
-    f("trade_param_set", x.trade_param_set);
-}
-template <class F>
-void Fields(F& f, AccountCreated& x) {
-    f("login", x.login);
-    f("starting_funds", x.starting_funds);
-}
-template <class F>
-void Fields(F& f, PasswordChanged& x) {
-    f("salt", x.salt);
-    f("hash", x.hash);
-}
-template <class F>
-void Fields(F& f, SessionOpened& x) {
-    f("session", x.session);
-    f("time", x.time);
-}
-template <class F>
-void Fields(F& f, MoneyMoved& x) {
-    f("amount", x.amount);
-    f("note", x.note);
-}
-template <class F>
-void Fields(F& f, DayBegun& x) {
-    f("day", x.day);
-}
-template <class F>
-void Fields(F& f, OrderAccepted& x) {
-    f("order", x.order);
-}
-template <class F>
-void Fields(F& f, OrderEnded& x) {
-    f("order", x.order);
-    f("status", x.status);
-    f("remark", x.remark);
-    f("time", x.time);
-}
-template <class F>
-void Fields(F& f, OrderBecameLimit& x) {
-    f("order", x.order);
-    f("limit", x.limit);
-    f("frozen_margin", x.frozen_margin);
-    f("frozen_fee", x.frozen_fee);
-}
-template <class F>
-void Fields(F& f, OrderFilled::Closed& x) {
-    f("lot", x.lot);
-    f("volume", x.volume);
-    f("realised", x.realised);
-    f("margin_released", x.margin_released);
-}
-template <class F>
-void Fields(F& f, OrderFilled& x) {
-    f("trades", x.trades);
-    f("closed", x.closed);
-    f("opened", x.opened);
-    f("order", x.order);
-    f("volume", x.volume);
-    f("fee", x.fee);
-    f("frozen_margin", x.frozen_margin);
-    f("frozen_fee", x.frozen_fee);
-}
-template <class F>
-void Fields(F& f, PresetSet& x) {
-    f("key", x.key);
-    f("record", x.record);
-}
-template <class F>
-void Fields(F& f, LotStopSet& x) {
-    f("lot", x.lot);
-    f("active", x.active);
-    f("stop", x.stop);
-}
-template <class F>
-void Fields(F& f, StopTriggered& x) {
-    f("lot", x.lot);
-    f("rule", x.rule);
-    f("watched", x.watched);
-    f("time", x.time);
-}
-template <class F>
-void Fields(F& f, FloatBaseMoved& x) {
-    f("lot", x.lot);
-    f("base", x.base);
-}
-template <class F>
-void Fields(F& f, StopsWoken& x) {
-    f("lots", x.lots);
-}
-template <class F>
-void Fields(F& f, TradeParamSet& x) {
-    f("bytes", x.bytes);
-}
-template <class F>
-void Fields(F& f, DaySettled::Marked& x) {
-    f("lot", x.lot);
-    f("settlement", x.settlement);
-    f("profit", x.profit);
-    f("deferred", x.deferred);
-    f("margin", x.margin);
-}
-template <class F>
-void Fields(F& f, DaySettled& x) {
-    f("day", x.day);
-    f("next_day", x.next_day);
-    f("settlements", x.settlements);
-    f("lots", x.lots);
-    f("stops_ended", x.stops_ended);
-    f("stops_asleep", x.stops_asleep);
-}
+// Writing: straight to the text, because every order waits for it.
 
-// Writing
+void WriteInteger(std::int64_t value, std::string& to);
+void WriteText(const std::string& text, std::string& to);
+void WriteHex(std::span<const char> bytes, std::string& to);
 
 struct FieldWriter {
-    json& object;
+    std::string& to;
+    char next = '{';
     template <class T>
     void operator()(const char* name, T& value);
 };
 
 template <class T>
-requires std::is_arithmetic_v<T> json ToJson(T& value) {
-    if constexpr (std::same_as<T, char>) return static_cast<int>(static_cast<unsigned char>(value));
-    return value;
+requires std::is_arithmetic_v<T>
+void Write(T value, std::string& to) {
+    if constexpr (std::same_as<T, bool>) {
+        to += value ? "true" : "false";
+    } else if constexpr (std::same_as<T, char>) {
+        WriteInteger(static_cast<unsigned char>(value), to);
+    } else {
+        static_assert(std::is_integral_v<T>);
+        WriteInteger(value, to);
+    }
 }
 template <class T>
-requires std::is_enum_v<T> json ToJson(T& value) { return static_cast<int>(value); }
-inline json ToJson(std::string& value) { return TextToJson(value); }
-inline json ToJson(CPresetStop& value) {
-    return HexOf(reinterpret_cast<const char*>(&value), sizeof value);
+requires std::is_enum_v<T>
+void Write(T value, std::string& to) { WriteInteger(static_cast<int>(value), to); }
+inline void Write(const std::string& value, std::string& to) { WriteText(value, to); }
+inline void Write(const CPresetStop& value, std::string& to) {
+    WriteHex({reinterpret_cast<const char*>(&value), sizeof value}, to);
 }
 template <std::size_t N>
-json ToJson(std::array<char, N>& value) {
-    return HexOf(value.data(), N);
+void Write(const std::array<char, N>& value, std::string& to) {
+    WriteHex(value, to);
 }
 template <class T>
-json ToJson(std::vector<T>& values);
+void Write(std::vector<T>& values, std::string& to);
 template <class Key, class T>
-json ToJson(std::map<Key, T>& values);
+void Write(std::map<Key, T>& values, std::string& to);
 template <class T>
 requires requires(FieldWriter& f, T& x) { Fields(f, x); }
-json ToJson(T& value) {
-    json object = json::object();
-    FieldWriter writer{object};
+void Write(T& value, std::string& to) {
+    FieldWriter writer{to};
     Fields(writer, value);
-    return object;
+    to += '}';
 }
 template <class T>
-json ToJson(std::vector<T>& values) {
-    json list = json::array();
-    for (T& value : values) list.push_back(ToJson(value));
-    return list;
+void Write(std::vector<T>& values, std::string& to) {
+    to += '[';
+    for (T& value : values) {
+        if (&value != &values.front()) to += ',';
+        Write(value, to);
+    }
+    to += ']';
 }
 /// As a list of pairs: keys need not be texts.
 template <class Key, class T>
-json ToJson(std::map<Key, T>& values) {
-    json list = json::array();
+void Write(std::map<Key, T>& values, std::string& to) {
+    to += '[';
+    const char* between = "[";
     for (auto& [key, value] : values) {
-        Key copy = key;
-        list.push_back(json::array({ToJson(copy), ToJson(value)}));
+        to += between;
+        Write(key, to);
+        to += ',';
+        Write(value, to);
+        to += ']';
+        between = ",[";
     }
-    return list;
+    to += ']';
 }
 template <class T>
 void FieldWriter::operator()(const char* name, T& value) {
-    object[name] = ToJson(value);
+    to += std::exchange(next, ',');
+    to += '"';
+    to += name;
+    to += "\":";
+    Write(value, to);
 }
 
 // Reading: every function throws std::exception for a value of another kind or range.

@@ -35,7 +35,7 @@ struct EndStatement {
 using Statement = std::unique_ptr<sqlite3_stmt, EndStatement>;
 
 /// Runs statements that answer nothing. Empty on success.
-std::string Do(sqlite3* database, const char* sql) {
+std::string Execute(sqlite3* database, const char* sql) {
     char* message = nullptr;
     if (sqlite3_exec(database, sql, nullptr, nullptr, &message) == SQLITE_OK) return {};
     std::string fault = message ? message : "out of memory";
@@ -106,11 +106,15 @@ private:
     std::string Read(State& state, End& end) const;
     std::string AddSums();
     std::string Upgrade();
+    /// Does what was prepared. Empty on success.
+    std::string Do(const Statement& statement) const;
     std::string Insert(const Fact& fact);
     std::string SaveSnapshot();
 
     Database database_;
+    Statement begin_;
     Statement insert_;
+    Statement commit_;
     std::int64_t version_ = kVersion;  ///< of the file
     End last_;
     State state_;                              ///< as of the last fact kept, for snapshots
@@ -131,16 +135,16 @@ std::string SqliteStore::Open(const std::string& path) {
         sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     }
     // Somebody else's lock shows at the first look into the file.
-    std::string fault = Do(database_.get(), "PRAGMA locking_mode=EXCLUSIVE");
+    std::string fault = Execute(database_.get(), "PRAGMA locking_mode=EXCLUSIVE");
     // Asked of SQLite, not of the file: a start that was cut off is rolled back to no pages first.
     // Tables come before the write-ahead log, which by itself would leave a file of nobody's.
     if (fault.empty()) {
         fault = Number(database_.get(), "PRAGMA page_count") == 0 ? MakeNew() : Check();
     }
     if (fault.empty()) {
-        fault = Do(database_.get(), "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL");
+        fault = Execute(database_.get(), "PRAGMA journal_mode=WAL; PRAGMA synchronous=FULL");
     }
-    if (fault.empty()) fault = Do(database_.get(), "BEGIN IMMEDIATE; COMMIT");
+    if (fault.empty()) fault = Execute(database_.get(), "BEGIN IMMEDIATE; COMMIT");
     return fault == "database is locked" ? kInUse : fault;
 }
 
@@ -168,7 +172,7 @@ std::string SqliteStore::MakeNew() {
     sql += kMakeTables;
     sql += "PRAGMA application_id=" + std::to_string(kApplication) + ";";
     sql += "PRAGMA user_version=" + std::to_string(kVersion) + ";COMMIT";
-    return Do(database_.get(), sql.c_str());
+    return Execute(database_.get(), sql.c_str());
 }
 
 /// Goes on from `end`, line by line.
@@ -236,15 +240,15 @@ std::string SqliteStore::AddSums() {
 
 /// Brings a file of an earlier version to the present one, whole or not at all.
 std::string SqliteStore::Upgrade() {
-    std::string fault = Do(database_.get(), "BEGIN IMMEDIATE");
-    if (fault.empty()) fault = Do(database_.get(), kAddSums);
+    std::string fault = Execute(database_.get(), "BEGIN IMMEDIATE");
+    if (fault.empty()) fault = Execute(database_.get(), kAddSums);
     if (fault.empty()) fault = AddSums();
     const std::string version = "PRAGMA user_version=" + std::to_string(kVersion) + ";COMMIT";
-    if (fault.empty()) fault = Do(database_.get(), version.c_str());
+    if (fault.empty()) fault = Execute(database_.get(), version.c_str());
     if (fault.empty()) {
         version_ = kVersion;
     } else {
-        Do(database_.get(), "ROLLBACK");
+        Execute(database_.get(), "ROLLBACK");
     }
     return fault;
 }
@@ -255,8 +259,10 @@ std::string SqliteStore::Load(State& state) {
     std::string fault = Read(loaded, end);
     if (fault.empty() && version_ < kVersion) fault = Upgrade();
     if (!fault.empty()) return fault;
+    begin_ = Prepare(database_.get(), "BEGIN IMMEDIATE");
     insert_ = Prepare(database_.get(), "INSERT INTO journal(seq, line, sum) VALUES(?, ?, ?)");
-    if (!insert_) return Fault();
+    commit_ = Prepare(database_.get(), "COMMIT");
+    if (!begin_ || !insert_ || !commit_) return Fault();
     sqlite3_db_config(database_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     broken_.clear();
     last_ = end;
@@ -265,15 +271,20 @@ std::string SqliteStore::Load(State& state) {
     return {};
 }
 
+std::string SqliteStore::Do(const Statement& statement) const {
+    const int result = sqlite3_step(statement.get());
+    std::string fault = result == SQLITE_DONE ? std::string() : Fault();
+    sqlite3_reset(statement.get());
+    return fault;
+}
+
 std::string SqliteStore::Insert(const Fact& fact) {
     const std::string line = FactLine(fact);
     const End next{last_.seq + 1, SumAfter(last_.sum, line)};
     sqlite3_bind_int64(insert_.get(), 1, next.seq);
     sqlite3_bind_text64(insert_.get(), 2, line.data(), line.size(), SQLITE_STATIC, SQLITE_UTF8);
     sqlite3_bind_int64(insert_.get(), 3, next.sum);
-    const int result = sqlite3_step(insert_.get());
-    const std::string fault = result == SQLITE_DONE ? std::string() : Fault();
-    sqlite3_reset(insert_.get());
+    std::string fault = Do(insert_);
     sqlite3_clear_bindings(insert_.get());
     if (fault.empty()) last_ = next;
     return fault;
@@ -281,7 +292,7 @@ std::string SqliteStore::Insert(const Fact& fact) {
 
 std::string SqliteStore::Append(std::span<const Fact> facts) {
     if (facts.empty() || !broken_.empty()) return broken_;
-    std::string fault = Do(database_.get(), "BEGIN IMMEDIATE");
+    std::string fault = Do(begin_);
     bool day_ends = false;
     for (const Fact& fact : facts) {
         if (!fault.empty()) break;
@@ -290,10 +301,10 @@ std::string SqliteStore::Append(std::span<const Fact> facts) {
         day_ends = day_ends || EndsADay(fact);
     }
     if (fault.empty() && day_ends) fault = SaveSnapshot();
-    if (fault.empty()) fault = Do(database_.get(), "COMMIT");
+    if (fault.empty()) fault = Do(commit_);
     if (fault.empty()) return {};
     // What is in memory is ahead of the file now: nothing more may be kept.
-    Do(database_.get(), "ROLLBACK");
+    Execute(database_.get(), "ROLLBACK");
     broken_ = fault;
     return fault;
 }
@@ -308,7 +319,8 @@ std::string SqliteStore::SaveSnapshot() {
     sqlite3_bind_text64(save.get(), 2, text.data(), text.size(), SQLITE_STATIC, SQLITE_UTF8);
     sqlite3_bind_int64(save.get(), 3, SumAfter(last_.sum, text));
     if (sqlite3_step(save.get()) != SQLITE_DONE) return Fault();
-    return Do(database_.get(), "DELETE FROM snapshot WHERE seq < (SELECT max(seq) FROM snapshot)");
+    return Execute(database_.get(),
+                   "DELETE FROM snapshot WHERE seq < (SELECT max(seq) FROM snapshot)");
 }
 
 std::string SqliteStore::Export(const std::function<void(std::string_view)>& line) {

@@ -13,7 +13,7 @@
 #include <variant>
 #include <vector>
 
-#include "papercore/json_fields.h"
+#include "papercore/record_fields.h"
 #include "tests/papercore/store/store_fixture.h"
 
 namespace papercore_tests {
