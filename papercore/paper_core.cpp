@@ -19,48 +19,6 @@ constexpr std::chrono::milliseconds kFundsPause(1000);
 
 bool IsBaseMove(const Fact& fact) { return std::holds_alternative<FloatBaseMoved>(fact); }
 
-/// What a record list shows: which of them a fact changes.
-struct Changes {
-    bool orders = false;
-    bool trades = false;
-    bool lots = false;
-    bool money = false;
-};
-
-struct FactChanges {
-    const State& state;  ///< before the fact
-    Changes& changes;
-
-    void operator()(const OrderAccepted& fact) const {
-        changes.orders = true;
-        changes.money = true;
-        changes.lots = changes.lots || !fact.order.closing.empty();
-    }
-    void operator()(const OrderEnded& fact) const {
-        changes.orders = true;
-        changes.money = true;
-        const auto order = state.orders.find(fact.order);
-        const bool froze = order != state.orders.end() && !order->second.closing.empty();
-        changes.lots = changes.lots || froze;
-    }
-    void operator()(const OrderBecameLimit&) const {
-        changes.orders = true;
-        changes.money = true;
-    }
-    void operator()(const OrderFilled&) const {
-        changes.orders = true;
-        changes.lots = true;
-        changes.money = true;
-    }
-    void operator()(const DaySettled&) const { changes = {true, true, true, true}; }
-    void operator()(const DayBegun&) const { changes = {true, true, true, true}; }
-    void operator()(const MoneyMoved&) const { changes.money = true; }
-    void operator()(const LotStopSet&) const { changes.lots = true; }
-    void operator()(const StopTriggered&) const { changes.lots = true; }
-    template <class Other>
-    void operator()(const Other&) const {}
-};
-
 /// What a fact has to tell: an order as it is after it, and trades.
 struct Told {
     std::optional<CZebOrder> order;
@@ -89,19 +47,17 @@ struct FactWords {
     }
 };
 
-template <class Record>
-Shared<Record> Share(std::vector<Record> records) {
-    return std::make_shared<const std::vector<Record>>(std::move(records));
-}
-
 }  // namespace
 
 PaperCore::PaperCore(CoreParts parts, State state)
     : parts_(std::move(parts)),
       engine_(parts_.terms, parts_.settings, std::move(state)),
-      told_(engine_.Kept()) {
+      told_(engine_.Kept()),
+      shown_(parts_.terms) {
     text::CopyText(account_.szAccount, told_.login.account);
-    Publish();
+    Changes all;
+    all.day = true;
+    Publish(all);
 }
 
 PaperCore::~PaperCore() { Stop({}); }
@@ -213,14 +169,15 @@ void PaperCore::Finish() {
         }
         return;
     }
-    std::vector<Fact> kept = std::exchange(unkept_, {});
-    kept.insert(kept.end(), facts.begin(), facts.end());
-    const std::string fault = parts_.store->Append(kept);
+    Changes changes;
+    changes.bases = !unkept_.empty();
+    unkept_.insert(unkept_.end(), facts.begin(), facts.end());
+    const std::string fault = parts_.store->Append(std::exchange(unkept_, {}));
     if (!fault.empty()) {
         Break(fault);
         return;
     }
-    Tell(facts);
+    Tell(facts, changes);
 }
 
 void PaperCore::Break(const std::string& fault) {
@@ -239,16 +196,15 @@ std::string PaperCore::Fault() const {
     return fault_;
 }
 
-void PaperCore::Publish() {
-    const State& state = engine_.Kept();
-    Lists lists;
-    lists.contracts = Share(ContractRecords(parts_.terms, state.day));
-    lists.orders = Share(OrderRecords(state));
-    lists.trades = Share(TradeRecords(state));
-    lists.positions = Share(PositionRecords(state));
-    lists.lots = Share(LotRecords(state));
+void PaperCore::Publish(const Changes& changes) {
+    Lists lists = shown_.Update(engine_.Kept(), changes);
     lists.funds = engine_.FundsNow();
     published_.Set(std::move(lists));
+    if (changes.day || changes.lots || changes.settings) PublishSettings();
+}
+
+void PaperCore::PublishSettings() {
+    const State& state = engine_.Kept();
     const std::scoped_lock lock(settings_mutex_);
     kept_.params[0] = {TradeParamOf(state)};
     kept_.presets.clear();
@@ -259,27 +215,27 @@ void PaperCore::Publish() {
     }
 }
 
-void PaperCore::Tell(const std::vector<Fact>& facts) {
-    Publish();
-    Changes changes;
+/// `changes` has what is shown with the facts, but has been told or needs no word.
+void PaperCore::Tell(const std::vector<Fact>& facts, Changes changes) {
     std::vector<Told> words;
     for (const Fact& fact : facts) {
-        std::visit(FactChanges{told_, changes}, fact);
+        changes.Add(told_, fact);
         Apply(told_, fact);
         words.push_back(std::visit(FactWords{told_}, fact));
     }
+    Publish(changes);
     if (!Tells()) return;
     for (Told& told : words) {
         if (told.order) front_end_->OnOrderChange(Account(), &*told.order);
         for (CZebTrade& trade : told.trades) front_end_->OnTrade(Account(), &trade);
     }
-    if (changes.orders) front_end_->OnUpdateOrderList(Account());
-    if (changes.trades) front_end_->OnUpdateTradeList(Account());
-    if (changes.lots) {
+    if (changes.day || !changes.orders.empty()) front_end_->OnUpdateOrderList(Account());
+    if (changes.day) front_end_->OnUpdateTradeList(Account());
+    if (changes.day || changes.lots) {
         front_end_->OnUpdatePositionList(Account());
         front_end_->OnUpdatePositionGroupList(Account());
     }
-    if (changes.money) PushAccount(engine_.FundsNow());
+    if (changes.day || changes.money) PushAccount(engine_.FundsNow());
 }
 
 void PaperCore::PublishFunds(const Funds& funds) {
@@ -312,7 +268,9 @@ bool PaperCore::KeepMoves() {
         Break(fault);
         return false;
     }
-    Publish();
+    Changes changes;
+    changes.bases = true;
+    Publish(changes);
     if (Tells()) front_end_->OnUpdatePositionGroupList(Account());
     return true;
 }

@@ -14,6 +14,7 @@
 
 #include "papercore/engine.h"
 #include "papercore/published.h"
+#include "papercore/shown_lists.h"
 #include "papercore/store.h"
 #include "plugin/contract/base_ui.h"
 #include "plugin/contract/ui_callback.h"
@@ -132,9 +133,10 @@ private:
     // On the core's thread.
     /// Keeps what the engine decided, then tells it.
     void Finish();
-    void Publish();
+    void Publish(const Changes& changes);
+    void PublishSettings();
     void PublishFunds(const Funds& funds);
-    void Tell(const std::vector<Fact>& facts);
+    void Tell(const std::vector<Fact>& facts, Changes changes);
     void FollowPrices();
     bool KeepMoves();
     void PushAccount(const Funds& funds);
@@ -174,6 +176,7 @@ private:
     Funds pushed_funds_;
     bool prices_moved_ = false;  ///< since funds were told
     std::chrono::steady_clock::time_point pushed_at_;
+    ShownLists shown_;
 
     Published published_;
     std::atomic<bool> logged_in_ = false;

@@ -64,7 +64,7 @@ int Published::Read(Shared<Record> Lists::*list, Record* buffer, int capacity) {
     if (!buffer) return count;
     const std::size_t room = capacity > 0 ? static_cast<std::size_t>(capacity) : 0;
     const std::size_t taken = std::min(read->size(), room);
-    std::copy_n(read->begin(), taken, buffer);
+    read->CopyTo(buffer, taken);
     return static_cast<int>(taken);
 }
 

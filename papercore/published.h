@@ -5,9 +5,9 @@
 #include <mutex>
 #include <thread>
 #include <utility>
-#include <vector>
 
 #include "papercore/engine_requests.h"
+#include "papercore/record_list.h"
 #include "plugin/contract/market_records.h"
 #include "plugin/contract/order_records.h"
 #include "plugin/contract/position_records.h"
@@ -15,7 +15,7 @@
 namespace papercore {
 
 template <class Record>
-using Shared = std::shared_ptr<const std::vector<Record>>;
+using Shared = std::shared_ptr<const RecordList<Record>>;
 
 /// The lists as they were after one event.
 struct Lists {

@@ -75,9 +75,11 @@ inline Quote GoldQuote(double bid, double ask, std::int64_t size = 5) {
 
 /// A core with a recording front end; its password hash is quick and can be read.
 class PaperCoreTest : public testing::Test {
+public:
+    ~PaperCoreTest() override { core_->Stop({}); }
+
 protected:
     PaperCoreTest() { Make({}); }
-    ~PaperCoreTest() override { core_->Stop({}); }
 
     void Make(State state) {
         auto store = std::make_unique<ListStore>();
