@@ -35,8 +35,8 @@ public:
     /// A fill may have won: the answer says so.
     Answer Cancel(OrderId order, Instant now);
     void SetTradeParam(const CTradeParam& param);
-    void SetPreset(const std::string& exchange, const std::string& contract,
-                   const CPresetStop& record);
+    Answer SetPreset(const std::string& exchange, const std::string& contract,
+                     const CPresetStop& record);
     Answer SetLotStop(LotId lot, const CPresetStop& record);
     /// Permanent strategies that sleep are watched again.
     void WakeStops();

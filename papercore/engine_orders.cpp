@@ -155,6 +155,8 @@ void Engine::EndOrder(OrderId id, OrderStatus status, const std::string& remark,
 void Engine::ApplyPreset(Lot& lot) const {
     const auto preset = state_.presets.find(lot.exchange + "|" + lot.contract);
     if (preset == state_.presets.end() || !IsActiveStop(preset->second)) return;
+    // Presets were once kept as they came.
+    if (!IsFiniteStop(preset->second)) return;
     lot.has_stop = true;
     lot.stop.record = preset->second;
     lot.stop.for_good = stop_settings_.for_good;

@@ -9,15 +9,19 @@
 namespace papercore {
 namespace {
 
+constexpr char kNoNumbers[] = "止损止盈的数值无效";
+
 bool IsProfit(StopRule rule) {
     return rule == StopRule::kRelativeProfit || rule == StopRule::kAbsoluteProfit;
 }
 
 }  // namespace
 
-void Engine::SetPreset(const std::string& exchange, const std::string& contract,
-                       const CPresetStop& record) {
+Answer Engine::SetPreset(const std::string& exchange, const std::string& contract,
+                         const CPresetStop& record) {
+    if (!IsFiniteStop(record)) return {kRefused, kNoNumbers, 0};
     Record(PresetSet{exchange + "|" + contract, record});
+    return {};
 }
 
 Answer Engine::SetLotStop(LotId id, const CPresetStop& record) {
@@ -27,7 +31,7 @@ Answer Engine::SetLotStop(LotId id, const CPresetStop& record) {
     if (found == state_.lots.end()) {
         return {kRefused, "持仓明细" + std::to_string(id) + "不存在，不能设置止损止盈"};
     }
-    if (!IsFiniteStop(record)) return {kRefused, "止损止盈的数值无效"};
+    if (!IsFiniteStop(record)) return {kRefused, kNoNumbers, 0};
     LotStopSet fact;
     fact.lot = id;
     fact.active = IsActiveStop(record);

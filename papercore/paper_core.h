@@ -140,6 +140,7 @@ private:
     void FollowPrices();
     bool KeepMoves();
     void PushAccount(const Funds& funds);
+    void TellRefusal(const Answer& answer);
     void Break(const std::string& fault);
     void Pause();
     CZebError* Error(const Answer& answer);

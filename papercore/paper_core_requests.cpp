@@ -103,15 +103,22 @@ void PaperCore::ReadSetting(SettingMap<Key, Record> map, const Key& key, Record*
     }
 }
 
+/// Of what has no answer of its own.
+void PaperCore::TellRefusal(const Answer& answer) {
+    if (answer.code != 0 && Tells()) front_end_->OnSystemNotice(Account(), answer.text.c_str());
+}
+
 void PaperCore::GetTradeParam(CTradeParam* param) { ReadSetting(&Settings::params, 0, param); }
 
 void PaperCore::SetTradeParam(CTradeParam* param) {
     if (!param) return;
     const std::uint64_t call = AskSetting(&Settings::params, 0, *param);
     Put([this, call, copy = *param] {
-        engine_.SetTradeParam(copy);
+        const bool works = Fault().empty();
+        if (works) engine_.SetTradeParam(copy);
         Finish();
         ForgetAsked(&Settings::params, 0, call);
+        if (!works) TellRefusal({kRefused, kNoStore, 0});
     });
 }
 
@@ -125,9 +132,13 @@ void PaperCore::SetPresetStop(const char* exchange, const char* contract, CPrese
     const std::uint64_t call = AskSetting(&Settings::presets, key, *stop);
     Put([this, call, key, copy = *stop] {
         const std::size_t bar = key.find('|');
-        engine_.SetPreset(key.substr(0, bar), key.substr(bar + 1), copy);
+        Answer answer{kRefused, kNoStore, 0};
+        if (Fault().empty()) {
+            answer = engine_.SetPreset(key.substr(0, bar), key.substr(bar + 1), copy);
+        }
         Finish();
         ForgetAsked(&Settings::presets, key, call);
+        TellRefusal(answer);
     });
 }
 
@@ -143,9 +154,7 @@ void PaperCore::SetGroupStop(int groupId, CPresetStop* stop) {
         if (Fault().empty()) answer = engine_.SetLotStop(groupId, copy);
         Finish();
         ForgetAsked(&Settings::lot_stops, groupId, call);
-        if (answer.code != 0 && Tells()) {
-            front_end_->OnSystemNotice(Account(), answer.text.c_str());
-        }
+        TellRefusal(answer);
     });
 }
 

@@ -139,6 +139,10 @@ TEST_F(EngineStops, AreRefusedForAnUnknownLotAndForNoNumbers) {
     Buy(1).At(300.00);
     SetStop(1, LossOf(std::numeric_limits<double>::quiet_NaN()));
     ExpectRefused("止损止盈的数值无效");
+    engine->SetPreset("SGE", kGold, LossOf(7));
+    answer = engine->SetPreset("SGE", kGold, LossOf(std::numeric_limits<double>::quiet_NaN()));
+    ExpectRefused("止损止盈的数值无效");
+    EXPECT_EQ(state().presets.at(std::string("SGE|") + kGold).dStopTicks, 7) << "as it was";
 }
 
 TEST_F(EngineStops, CloseOnlyWhatOtherOrdersLeave) {

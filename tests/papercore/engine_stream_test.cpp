@@ -180,7 +180,10 @@ private:
         stop.dStopFloat = static_cast<double>(random_.Below(3));
         stop.dProfitTicks = static_cast<double>(random_.Between(0, 8));
         stop.dProfitPullback = static_cast<double>(random_.Below(3));
-        if (random_.OneIn(3)) return engine_->SetPreset("SGE", AnyContract(), stop);
+        if (random_.OneIn(3)) {
+            engine_->SetPreset("SGE", AnyContract(), stop);
+            return;
+        }
         engine_->SetLotStop(static_cast<LotId>(random_.Between(1, engine_->Kept().last_lot + 1)),
                             stop);
     }

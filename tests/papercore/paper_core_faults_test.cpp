@@ -123,6 +123,11 @@ TEST_F(PaperCoreTest, WhatCouldNotBeKeptIsNeverTold) {
     CPresetStop stop{};
     core_->SetGroupStop(1, &stop);
     EXPECT_THAT(Told(), ElementsAre(HasSubstr("notice 账户文件无法写入")));
+    core_->SetPresetStop("SGE", kGold, &stop);
+    EXPECT_THAT(Told(), ElementsAre(HasSubstr("notice 账户文件无法写入")));
+    CTradeParam param{};
+    core_->SetTradeParam(&param);
+    EXPECT_THAT(Told(), ElementsAre(HasSubstr("notice 账户文件无法写入")));
     CChangePasswordRequest request = NewPassword("secret", "other");
     core_->ChangePassword(&request, 0);
     EXPECT_THAT(Told(), ElementsAre(HasSubstr("password refused: 账户文件无法写入")));
