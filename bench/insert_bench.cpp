@@ -42,6 +42,10 @@ private:
 /// Only knows when an order is answered.
 class Answers final : public RecordingUi {
 public:
+    void OnOrderChange(const CAccountInfo*, CZebOrder*) override {}
+    void OnUpdateOrderList(const CAccountInfo*) override {}
+    void OnQueryAccountResult(const CAccountInfo*, CZebError*, CZebAccountSummary*, int,
+                              const StepDataMap&) override {}
     void OnInsertOrderResult(const CAccountInfo*, CZebError* error, CInsertOrderRequest*,
                              int) override {
         Require(error->nCode == 0);

@@ -120,7 +120,9 @@ std::int64_t IntegerFromJson(const json& value, std::int64_t least, std::int64_t
 
 std::string FactLine(const Fact& fact) {
     Fact copy = fact;
+    constexpr std::size_t kUsualLine = 4096;
     std::string line;
+    line.reserve(kUsualLine);
     FieldWriter writer{line};
     std::string name = kFactNames[copy.index()];
     writer("fact", name);

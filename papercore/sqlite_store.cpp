@@ -1,6 +1,8 @@
 #include <sqlite3.h>
 
-#include <array>
+#include <algorithm>
+#include <bit>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <utility>
@@ -51,10 +53,16 @@ Statement Prepare(sqlite3* database, const char* sql) {
 
 /// Each sum goes on from the one before it: a line that was changed, lost or moved shows.
 std::int64_t SumAfter(std::int64_t before, std::string_view text) {
-    constexpr std::uint64_t kBasis = 14695981039346656037U;
-    constexpr std::uint64_t kFactor = 1099511628211U;
-    std::uint64_t sum = static_cast<std::uint64_t>(before) ^ kBasis;
-    for (const char c : text) sum = (sum ^ static_cast<unsigned char>(c)) * kFactor;
+    constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15U;
+    std::uint64_t sum = (static_cast<std::uint64_t>(before) ^ text.size()) * kFactor;
+    while (!text.empty()) {
+        std::uint64_t word = 0;
+        const std::size_t size = std::min(sizeof word, text.size());
+        std::memcpy(&word, text.data(), size);
+        // Each step can be undone, so that no single change of a word is lost on the way.
+        sum = std::rotl((sum ^ word) * kFactor, 29);
+        text.remove_prefix(size);
+    }
     return static_cast<std::int64_t>(sum);
 }
 
