@@ -79,6 +79,8 @@ int CMainDlg::OnCreate(LPCREATESTRUCT create) {
     for (CWnd* page : {static_cast<CWnd*>(&m_dlgTranAccount), static_cast<CWnd*>(&m_dlgChangePwd),
                        static_cast<CWnd*>(&m_dlgFunds), static_cast<CWnd*>(&m_dlgCombination),
                        static_cast<CWnd*>(&m_dlgSettlement)}) {
+        // They begin one pixel inside the menu: who paints last must not decide who is seen there.
+        page->ModifyStyle(0, WS_CLIPSIBLINGS);
         Show(*page, SW_HIDE);
     }
     BeginCoreEvents(m_hWnd);
@@ -87,6 +89,7 @@ int CMainDlg::OnCreate(LPCREATESTRUCT create) {
 
 BOOL CMainDlg::OnInitDialog() {
     CDialog::OnInitDialog();
+    m_menu.ModifyStyle(0, WS_CLIPSIBLINGS);
     m_menu.ResetContent();
     if (CUICallBack* core = GetUICallBack()) {
         m_menu.SetBitmap(core->GetSkinBitmap(kSkinPages, kMenuPicture));

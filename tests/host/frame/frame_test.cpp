@@ -56,6 +56,14 @@ protected:
         platform::testing::RememberTexts();
         QmInterfaceUI::SetCallBack(&tests::RecordingHost::Function);
         ui_.SetUICallBack(&core_);
+        frame_ =
+            std::make_unique<Frame>(ui_, core_, symbols_, quotes_, log_, Sources(), remembered_);
+        log_.SetWake([this] { ::PostMessageA(*frame_, WM_STATUS_WAITS, 0, 0); });
+        made_ = frame_->CreateFrame("首次运行：账户 demo，密码 demo") != FALSE;
+        frame_->ShowWindow(SW_SHOW);
+        Pump();
+    }
+    FrameSources Sources() {
         FrameSources sources;
         sources.candles = [](int, int) { return std::vector<views::Candle>(); };
         sources.trades = [](int) { return std::vector<views::TapeTrade>(); };
@@ -65,11 +73,7 @@ protected:
         sources.sign_in = [this](const std::string& account, const std::string& password) {
             sign_ins_.push_back(account + "/" + password);
         };
-        frame_ = std::make_unique<Frame>(ui_, core_, symbols_, quotes_, log_, sources, remembered_);
-        log_.SetWake([this] { ::PostMessageA(*frame_, WM_STATUS_WAITS, 0, 0); });
-        made_ = frame_->CreateFrame("首次运行：账户 demo，密码 demo") != FALSE;
-        frame_->ShowWindow(SW_SHOW);
-        Pump();
+        return sources;
     }
     ~FrameTest() override {
         frame_.reset();
@@ -162,6 +166,44 @@ TEST_F(FrameTest, TheSignInAsksUntilTheSessionIsReadyAndComesBackWhenItIsLost) {
     EXPECT_TRUE(IsWindowVisible(dialog));
 }
 
+TEST_F(FrameTest, OneOfTheRememberedPagesIsOnShowAlone) {
+    for (const int page : {4, 32, 7, 6, 12345}) {
+        frame_.reset();
+        Pump();
+        remembered_.page = page;
+        frame_ =
+            std::make_unique<Frame>(ui_, core_, symbols_, quotes_, log_, Sources(), remembered_);
+        ASSERT_TRUE(frame_->CreateFrame(""));
+        frame_->ShowWindow(SW_SHOW);
+        Pump();
+        EXPECT_EQ(frame_->pages().Page(), page == 12345 ? 0 : page);
+        int shown = 0;
+        HWND child = GetWindow(frame_->pages().MainWindow(), GW_CHILD);
+        for (; child; child = GetWindow(child, GW_HWNDNEXT)) {
+            const bool is_dialog =
+                (GetWindowLongPtrA(child, GWL_EXSTYLE) & WS_EX_CONTROLPARENT) != 0;
+            shown += is_dialog && IsWindowVisible(child) ? 1 : 0;
+        }
+        EXPECT_EQ(shown, 1) << page;
+    }
+}
+
+TEST_F(FrameTest, ASessionBeginsWithTheSelectionAndTheWantedQuotesAndNoNoticeRepeatsIt) {
+    host_.AddSymbol("Au(T+D)", 1, 1, 2);
+    host_.AddSymbol("Ag(T+D)", 1, 2, 0);
+    quotes_.Put(0, GoldQuote(901.25));
+    Pump();
+    core_.logged_in = true;
+    host_.TakeCalls();
+    ::PostMessageA(*frame_, WM_FRAME_NOTICE, kFrameReady, 0);
+    ::PostMessageA(*frame_, WM_FRAME_NOTICE, kFrameLoginWanted, kModuleNumber);
+    Pump();
+    EXPECT_TRUE(host_.Calls().empty()) << host_.Calls().front();
+    frame_->OnSessionReady();
+    EXPECT_FALSE(host_.CallsOf("HOST_FIND_SYMBOL").empty()) << "what quotes are wanted";
+    EXPECT_FALSE(host_.CallsOf("HOST_GET_SYMBOL").empty()) << "the contract on show";
+}
+
 void SaveSettings(void*) {
     const HWND dialog = FindWindowA(nullptr, "交易设置");
     if (!dialog) return;
@@ -223,7 +265,7 @@ TEST_F(FrameTest, NoSizeLeavesAnythingOfTheFormerPicture) {
         const int wider = random() % 2 == 0 ? 0 : static_cast<int>(random() % 60) - 30;
         size.cx = std::clamp<LONG>(size.cx + wider, 900, 1280);
         size.cy = std::clamp<LONG>(size.cy + static_cast<int>(random() % 9) - 4, 560, 800);
-        frame_->ShowPage(static_cast<int>(random() % 4));
+        frame_->ShowPage(static_cast<int>(random() % 6));
         Pump();
         frame_->MoveWindow(turn % 2 * 80, turn % 2 * 50, size.cx, size.cy);
         Pump();
