@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -79,7 +80,8 @@ private:
     std::vector<Known> known_;
 };
 
-/// Collects cells and hands them on in blocks that stay in the processor's cache.
+/// Collects cells and hands them on in blocks: few enough calls of the system, and still in the
+/// processor's cache.
 class CellWriter {
 public:
     explicit CellWriter(const ExportSink& sink) : sink_(sink) {}
@@ -103,8 +105,10 @@ public:
     }
 
 private:
+    static constexpr std::size_t kBlock = 256 * 1024;
+
     void Put(char byte) {
-        if (end_ == buffer_ + sizeof buffer_) Flush();
+        if (end_ == buffer_.get() + kBlock) Flush();
         *end_++ = byte;
     }
     void PutText(std::string_view text) {
@@ -115,16 +119,16 @@ private:
         }
         end_ = CopyWithoutSeparators(text, end_);
     }
-    std::size_t Room() const { return static_cast<std::size_t>(buffer_ + sizeof buffer_ - end_); }
+    std::size_t Room() const { return static_cast<std::size_t>(buffer_.get() + kBlock - end_); }
     void Flush() {
-        taken_ = taken_ && sink_({buffer_, static_cast<std::size_t>(end_ - buffer_)});
-        end_ = buffer_;
+        taken_ = taken_ && sink_({buffer_.get(), static_cast<std::size_t>(end_ - buffer_.get())});
+        end_ = buffer_.get();
     }
 
     const ExportSink& sink_;
     bool taken_ = true;
-    char buffer_[0x10000];
-    char* end_ = buffer_;
+    std::unique_ptr<char[]> buffer_ = std::make_unique_for_overwrite<char[]>(kBlock);
+    char* end_ = buffer_.get();
 };
 
 /// Has the processor fetch a record whose turn comes soon: the records lie far apart.

@@ -97,7 +97,7 @@ TEST(TradeExport, HoldsTenThousandTrades) {
 }
 
 TEST(TradeExport, AsksNoMoreOnceSomethingFoundNoRoom) {
-    const std::vector<CZebTrade> trades(10'000, MakeTrade("1"));
+    const std::vector<CZebTrade> trades(30'000, MakeTrade("1"));
     for (const int room : {0, 1, 3}) {
         int asked = 0;
         EXPECT_FALSE(WriteTradeExport(kTitles, trades, nullptr,
