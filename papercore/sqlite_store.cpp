@@ -17,9 +17,15 @@ namespace fs = std::filesystem;
 /// 1: lines and snapshots had no sums.
 constexpr int kVersion = 2;
 constexpr int kApplication = 0x676F6C64;  // "gold"
-constexpr char kMakeTables[] =
-    "CREATE TABLE journal(seq INTEGER PRIMARY KEY, line TEXT NOT NULL, sum INTEGER NOT NULL);"
-    "CREATE TABLE snapshot(seq INTEGER PRIMARY KEY, state TEXT NOT NULL, sum INTEGER NOT NULL);";
+// As SQLite keeps them: with another word in them a table may read as empty.
+constexpr char kTables[] =
+    "CREATE TABLE journal(seq INTEGER PRIMARY KEY, line TEXT NOT NULL,"
+    " sum INTEGER NOT NULL DEFAULT 0);"
+    "CREATE TABLE snapshot(seq INTEGER PRIMARY KEY, state TEXT NOT NULL,"
+    " sum INTEGER NOT NULL DEFAULT 0)";
+constexpr char kTablesWithoutSums[] =
+    "CREATE TABLE journal(seq INTEGER PRIMARY KEY, line TEXT NOT NULL);"
+    "CREATE TABLE snapshot(seq INTEGER PRIMARY KEY, state TEXT NOT NULL)";
 // A snapshot can be made again, so that it is simply dropped.
 constexpr char kAddSums[] =
     "ALTER TABLE journal ADD COLUMN sum INTEGER NOT NULL DEFAULT 0;"
@@ -106,6 +112,7 @@ private:
     using Line = std::function<std::string(std::string_view line)>;
 
     std::string Check();
+    std::string CheckTables() const;
     std::string MakeNew();
     std::string Fault() const { return sqlite3_errmsg(database_.get()); }
     bool HasSums() const { return version_ >= 2; }
@@ -172,13 +179,22 @@ std::string SqliteStore::Check() {
     const Statement check = Prepare(database_.get(), "PRAGMA quick_check(1)");
     if (!check || sqlite3_step(check.get()) != SQLITE_ROW) return Damage(Fault());
     const std::string_view verdict = ColumnText(check.get(), 0);
-    return verdict == "ok" ? std::string() : Damage(std::string(verdict));
+    return verdict == "ok" ? CheckTables() : Damage(std::string(verdict));
+}
+
+std::string SqliteStore::CheckTables() const {
+    const Statement tables =
+        Prepare(database_.get(),
+                "SELECT group_concat(sql, ';') FROM (SELECT sql FROM sqlite_master ORDER BY name)");
+    if (!tables || sqlite3_step(tables.get()) != SQLITE_ROW) return Damage(Fault());
+    const bool same = ColumnText(tables.get(), 0) == (HasSums() ? kTables : kTablesWithoutSums);
+    return same ? std::string() : Damage("its tables");
 }
 
 std::string SqliteStore::MakeNew() {
     std::string sql = "BEGIN IMMEDIATE;";
-    sql += kMakeTables;
-    sql += "PRAGMA application_id=" + std::to_string(kApplication) + ";";
+    sql += kTables;
+    sql += ";PRAGMA application_id=" + std::to_string(kApplication) + ";";
     sql += "PRAGMA user_version=" + std::to_string(kVersion) + ";COMMIT";
     return Execute(database_.get(), sql.c_str());
 }
