@@ -156,6 +156,8 @@ void PaperCore::Handle(const Event& event) {
     Finish();
     prices_moved_ = !engine_.Kept().lots.empty();
     FollowPrices();
+    // Who looks at a quiet core sees what is; who is told waits for the second to pass.
+    if (prices_moved_ && waiting_ == 1) PublishFunds(engine_.FundsNow());
 }
 
 void PaperCore::Finish() {

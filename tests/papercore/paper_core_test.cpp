@@ -296,6 +296,20 @@ TEST_F(PaperCoreTest, WhatAPersonTestsWithComesThrough) {
     EXPECT_GE(std::chrono::steady_clock::now() - before, std::chrono::milliseconds(30));
 }
 
+TEST_F(PaperCoreTest, FundsOfAQuietCoreAreThoseOfTheLastPrice) {
+    LogIn();
+    Order('0', '0', "900.00", 1);
+    Told();
+    const Fen before = core_->Look().funds.balance;
+    for (const double bid : {899.00, 898.00, 897.00}) {
+        const Fen balance = core_->Look().funds.balance;
+        core_->OnQuote(GoldQuote(bid, bid + 0.01));
+        Quiet();
+        EXPECT_LT(core_->Look().funds.balance, balance) << bid;
+    }
+    EXPECT_EQ(before - core_->Look().funds.balance, FenFromYuan((899.99 - 897.00) * 1000));
+}
+
 TEST_F(PaperCoreTest, MatchingGoesOnAfterALogoutAndNobodyIsTold) {
     LogIn();
     Order('0', '0', "890.00", 1);
