@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <thread>
+#include <utility>
 
 #include "host/automation/raw_input.h"
 #include "host/automation/window_search.h"
@@ -16,10 +17,32 @@
 namespace automation {
 namespace {
 
-constexpr DWORD kLongestWait = 10000;
+constexpr std::chrono::seconds kLongestWait(10);
 constexpr int kQuietLooks = 3;
 constexpr int kFarthest = 30000;
 constexpr int kMostNotches = 100;
+constexpr std::size_t kLongestText = 1000;
+constexpr int kDeepest = 32;
+
+/// Copies and texts of a value are made by recursion, so depth that no command needs is refused
+/// before there is one.
+bool IsTooDeep(const std::string& line) {
+    int depth = 0;
+    bool in_text = false;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const char c = line[at];
+        if (in_text && c == '\\') ++at;
+        if (c == '"') in_text = !in_text;
+        if (in_text) continue;
+        if ((c == '[' || c == '{') && ++depth > kDeepest) return true;
+        if (c == ']' || c == '}') --depth;
+    }
+    return false;
+}
+
+json Parsed(const std::string& line) {
+    return IsTooDeep(line) ? json() : json::parse(line, nullptr, false);
+}
 
 /// A group box lies above what it frames, and hands the pointer on.
 bool LetsThrough(HWND window, POINT point) {
@@ -104,6 +127,7 @@ void Automation::Next() {
     armed_ = false;
     if (quit_) return;
     std::string line;
+    bool taken = false;
     bool more = false;
     {
         const std::scoped_lock lock(mutex_);
@@ -111,13 +135,13 @@ void Automation::Next() {
             quit_ = ended_;
         } else {
             line = lines_.front();
+            taken = true;
             more = lines_.size() > 1 || ended_;
         }
     }
     if (quit_) doors_.quit();
-    if (quit_ || line.empty()) return;
-    const json command = json::parse(line, nullptr, false);
-    if (Waits(command)) {
+    if (quit_ || !taken) return;
+    if (Waits(Parsed(line))) {
         doors_.call();
         return;
     }
@@ -137,9 +161,11 @@ void Automation::Next() {
 // An "idle" stays at the head of the line until queue and core were quiet a few times in a row.
 bool Automation::Waits(const json& command) {
     if (!command.is_object() || command.value("cmd", json()) != json("idle")) return false;
-    if (waiting_since_ == 0) waiting_since_ = std::max<DWORD>(GetTickCount(), 1);
+    // Of real time: other threads work by it even where the windows' clock stands still.
+    const auto now = std::chrono::steady_clock::now();
+    if (!std::exchange(waits_, true)) waiting_since_ = now;
     quiet_ = doors_.core_is_quiet() ? quiet_ + 1 : 0;
-    const bool over = GetTickCount() - waiting_since_ > kLongestWait;
+    const bool over = now - waiting_since_ > kLongestWait;
     if (quiet_ >= kQuietLooks || over) return false;
     // Other threads are at work; there is nothing else to do here.
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
@@ -147,7 +173,7 @@ bool Automation::Waits(const json& command) {
 }
 
 json Automation::Run(const std::string& line) {
-    const json command = json::parse(line, nullptr, false);
+    const json command = Parsed(line);
     json reply;
     if (!command.is_object()) {
         reply = Refused("this is no JSON object");
@@ -186,8 +212,7 @@ json Automation::Execute(const json& command) {
         return reply;
     }
     if (name == "idle") {
-        const bool over = quiet_ < kQuietLooks && waiting_since_ != 0;
-        waiting_since_ = 0;
+        const bool over = std::exchange(waits_, false) && quiet_ < kQuietLooks;
         quiet_ = 0;
         return over ? Refused("still busy after 10 seconds") : Done();
     }
@@ -227,6 +252,7 @@ json Automation::Wheel(const json& command) const {
 json Automation::Type(const json& command) const {
     const std::string text = TextOf(command, "text");
     if (text.empty()) return Refused("no \"text\"");
+    if (text.size() > kLongestText) return Refused("\"text\" is longer than 1000 bytes");
     return PutText(text::GbkFromUtf8(text)) ? Done() : Refused("nothing has the focus");
 }
 

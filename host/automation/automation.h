@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -66,7 +67,8 @@ private:
     bool ended_ = false;
     bool armed_ = false;
     bool quit_ = false;
-    DWORD waiting_since_ = 0;
+    bool waits_ = false;
+    std::chrono::steady_clock::time_point waiting_since_;
     int quiet_ = 0;
 };
 

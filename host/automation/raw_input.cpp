@@ -23,8 +23,10 @@ void Press(BYTE key) { keybd_event(key, 0, 0, 0); }
 void Release(BYTE key) { keybd_event(key, 0, KEYEVENTF_KEYUP, 0); }
 
 bool IsPlain(const std::string& text) {
-    return std::ranges::all_of(
-        text, [](char c) { return static_cast<unsigned char>(c) < 0x80 && VkKeyScanA(c) != -1; });
+    return std::ranges::all_of(text, [](char c) {
+        // Control characters have keys too, but those need more than Shift.
+        return c >= ' ' && static_cast<unsigned char>(c) < 0x7F && VkKeyScanA(c) != -1;
+    });
 }
 
 }  // namespace

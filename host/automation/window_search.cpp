@@ -1,5 +1,7 @@
 #include "host/automation/window_search.h"
 
+#include <algorithm>
+
 #include "platform/text/gbk.h"
 #include "platform/text/letter_case.h"
 
@@ -120,12 +122,16 @@ json Describe(HWND window) {
 
 std::vector<HWND> FindWindows(const json& command) {
     std::vector<HWND> candidates;
-    if (command.contains("window")) {
-        candidates.push_back(HandleOf(command, "window"));
-    } else if (command.contains("within")) {
+    if (command.contains("within")) {
         CollectTree(HandleOf(command, "within"), candidates);
-    } else {
+    } else if (!command.contains("window")) {
         candidates = AllWindows();
+    }
+    if (command.contains("window")) {
+        const HWND window = HandleOf(command, "window");
+        const bool there =
+            !command.contains("within") || std::ranges::count(candidates, window) > 0;
+        candidates.assign(there ? 1 : 0, window);
     }
     std::erase_if(candidates, [&](HWND window) { return !Matches(command, window); });
     return candidates;

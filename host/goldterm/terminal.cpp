@@ -44,6 +44,14 @@ std::string ReadAll(const std::string& path, std::string& content) {
     return {};
 }
 
+// The second press of a double click is one too.
+bool IsPress(UINT message) {
+    constexpr UINT kPresses[] = {WM_LBUTTONDOWN,   WM_LBUTTONDBLCLK, WM_RBUTTONDOWN,
+                                 WM_RBUTTONDBLCLK, WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK,
+                                 WM_NCRBUTTONDOWN, WM_MBUTTONDOWN};
+    return std::ranges::find(kPresses, message) != std::end(kPresses);
+}
+
 int ReadUseProfile() {
     return GetPrivateProfileIntA("gtserver", "useProfile", 0, ".\\TradeServer_KX_Gold.ini");
 }
@@ -146,8 +154,12 @@ std::string Terminal::ResetAccount(const std::string& path) {
     char answer[16] = "";
     const bool sure = std::fgets(answer, sizeof answer, stdin) && std::string(answer) == "yes\n";
     if (!sure) return "the account stays as it is";
+    std::string aside = path + ".before";
+    for (int number = 2; fs::exists(aside, error); ++number) {
+        aside = path + ".before" + std::to_string(number);
+    }
     for (const char* tail : {"", "-wal", "-shm"}) {
-        if (fs::exists(path + tail, error)) fs::rename(path + tail, path + ".before" + tail, error);
+        if (fs::exists(path + tail, error)) fs::rename(path + tail, aside + tail, error);
         if (error) return "cannot move " + path + tail;
     }
     return {};
@@ -165,7 +177,8 @@ std::string Terminal::OpenAccount() {
     fault = store->Load(state);
     if (!fault.empty()) return path + ": " + fault;
     papercore::CoreParts parts{terms_, nullptr, {}, papercore::PasswordHash, papercore::NewSalt};
-    parts.settings.front_end_counts_profit = ReadUseProfile() == 1;
+    front_end_counts_ = ReadUseProfile() == 1;
+    parts.settings.front_end_counts_profit = front_end_counts_;
     new_account_ = state.login.account.empty();
     if (new_account_) {
         const std::string salt = papercore::NewSalt();
@@ -215,9 +228,18 @@ bool Terminal::Show() {
     if (options_.automation) {
         automation_ = std::make_unique<automation::Automation>(Doors());
         frame_->on_command = [this] { automation_->Wake(); };
+        gate_ = std::make_shared<CommandGate>();
+        gate_->automation = automation_.get();
         automation::ReadLines(
-            stdin, [this](std::string line) { automation_->Put(std::move(line)); },
-            [this] { automation_->PutEnd(); });
+            stdin,
+            [gate = gate_](std::string line) {
+                const std::scoped_lock lock(gate->mutex);
+                if (gate->automation) gate->automation->Put(std::move(line));
+            },
+            [gate = gate_] {
+                const std::scoped_lock lock(gate->mutex);
+                if (gate->automation) gate->automation->PutEnd();
+            });
     }
     ::PostMessageA(frame_->GetSafeHwnd(), WM_STATUS_WAITS, 0, 0);
     frame_->OpenSignIn({});
@@ -225,22 +247,25 @@ bool Terminal::Show() {
 }
 
 bool Terminal::Translate(const MSG& message) {
-    const bool pressed = message.message == WM_LBUTTONDOWN || message.message == WM_RBUTTONDOWN ||
-                         message.message == WM_NCLBUTTONDOWN || message.message == WM_NCRBUTTONDOWN;
-    if (pressed && front_end_) static_cast<CBaseUI&>(*front_end_).gMouseDown(message.pt);
+    if (IsPress(message.message) && front_end_)
+        static_cast<CBaseUI&>(*front_end_).gMouseDown(message.pt);
     return frame_ && frame_->GetSafeHwnd() && frame_->HandleKey(message);
 }
 
 void Terminal::Close() {
     if (closed_ || !core_) return;
     closed_ = true;
+    if (gate_) {
+        const std::scoped_lock lock(gate_->mutex);
+        gate_->automation = nullptr;
+    }
     if (feed_) feed_->Stop();
     // A push may wait for this thread's windows.
     core_->Stop([] { platform::testing::Pump(); });
     WriteRemembered((fs::path(data_folder_) / kRememberedFile).string(), remembered_);
     frame_.reset();
-    QmInterfaceUI::SetCallBack(nullptr);
     front_end_.reset();
+    QmInterfaceUI::SetCallBack(nullptr);
 }
 
 FrameSources Terminal::Sources() {
@@ -308,6 +333,7 @@ ClockTexts Terminal::Clock() const {
 void Terminal::TakeCoreNews() {
     const CoreNews news = core_->TakeNews();
     if (!news.progress.empty()) frame_->OnProgress(news.progress);
+    if (!news.lost.empty()) frame_->SetLostReason(news.lost);
     if (news.refused) frame_->OnSignInRefused(news.reason);
     if (!core_->IsLoggedIn()) return;
     frame_->SetAccountName(news.account);
@@ -323,7 +349,7 @@ void Terminal::TakeCoreNews() {
 void Terminal::ShowFunds(const std::string& front_end_text) {
     const std::size_t first = front_end_text.find('|');
     const std::size_t second = front_end_text.find('|', first + 1);
-    if (ReadUseProfile() == 1 && first != std::string::npos && second != std::string::npos) {
+    if (front_end_counts_ && first != std::string::npos && second != std::string::npos) {
         const std::size_t third = front_end_text.find('|', second + 1);
         frame_->SetFunds(front_end_text.substr(0, first),
                          front_end_text.substr(first + 1, second - first - 1),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <mutex>
 #include <string>
 
 #include "host/automation/automation.h"
@@ -12,6 +13,12 @@
 #include "plugin/qm_interface_ui.h"
 
 namespace terminal {
+
+/// Between the thread that reads commands, which outlives the terminal, and what runs them.
+struct CommandGate {
+    std::mutex mutex;
+    automation::Automation* automation = nullptr;  ///< null once the terminal has gone
+};
 
 /// The whole terminal: market, account, front end and window, joined.
 class Terminal {
@@ -66,7 +73,8 @@ private:
     std::unique_ptr<QmInterfaceUI> front_end_;
     std::unique_ptr<Frame> frame_;
     std::unique_ptr<automation::Automation> automation_;
-    CFont panel_font_;
+    std::shared_ptr<CommandGate> gate_;
+    bool front_end_counts_ = false;  ///< works the account's figures out itself
     std::size_t told_status_ = 0;
     papercore::Day account_day_ = 0;
     bool new_account_ = false;

@@ -1,41 +1,15 @@
-#include <algorithm>
 #include <cstring>
 
 #include "host/goldterm/terminal.h"
 #include "host/terminal/quote_record.h"
+#include "host/terminal/report_data.h"
 #include "host/views/view.h"
-#include "platform/text/bounded_text.h"
 #include "plugin/contract/host_function.h"
 #include "plugin/contract/messages.h"
 
 // The host's function: what the front end asks of the terminal.
 
 namespace terminal {
-namespace {
-
-constexpr std::size_t kLeastReport = 64;
-constexpr std::size_t kMostReport = 256;
-
-/// Facts about this terminal that follow from the challenge: the challenge itself with a name in
-/// front, filled up to the least size with characters worked out of it.
-std::size_t WriteReport(char* buffer, const char* challenge) {
-    const std::size_t length = challenge ? strnlen(challenge, kMostReport) : 0;
-    std::string report = "goldterm|1.0|";
-    report.append(challenge ? challenge : "", length);
-    unsigned sum = 17;
-    for (const char c : report) sum = sum * 31 + static_cast<unsigned char>(c);
-    report += '|';
-    while (report.size() < kLeastReport) {
-        report += static_cast<char>('A' + sum % 26);
-        sum = sum * 1664525 + 1013904223;
-    }
-    report.resize(std::min(report.size(), kMostReport));
-    std::memcpy(buffer, report.data(), report.size());
-    return report.size();
-}
-
-}  // namespace
-
 ULONG_PTR Terminal::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case HOST_FIND_SYMBOL: {
@@ -61,7 +35,7 @@ ULONG_PTR Terminal::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
             return reinterpret_cast<ULONG_PTR>(views::FontOf(views::Type::kDense));
         case HOST_GET_REPORT_DATA: {
             auto* buffer = reinterpret_cast<char*>(wParam);
-            return buffer ? WriteReport(buffer, reinterpret_cast<const char*>(lParam)) : 0;
+            return WriteReportData(buffer, reinterpret_cast<const char*>(lParam));
         }
         // Every contract of the table is quoted anyway; the rest is for hosts with more windows.
         case HOST_SUBSCRIBE:

@@ -91,8 +91,10 @@ BOOL Frame::CreateFrame(const std::string& hint) {
     const int high = work.bottom - work.top;
     const bool known = remembered_.width > 0 && remembered_.height > 0;
     maximised_ = remembered_.maximised || !known;
-    const int width = known ? std::min(remembered_.width, wide) : wide * 7 / 8;
-    const int height = known ? std::min(remembered_.height, high) : high * 7 / 8;
+    const int width =
+        known ? std::min(std::max(remembered_.width, kLeastWidth), wide) : wide * 7 / 8;
+    const int height =
+        known ? std::min(std::max(remembered_.height, kLeastHeight), high) : high * 7 / 8;
     const int left = work.left + (wide - width) / 2;
     const int top = work.top + (high - height) / 2;
     const LPCSTR window_class = AfxRegisterWndClass(0, LoadCursorA(nullptr, IDC_ARROW), nullptr);
@@ -101,7 +103,6 @@ BOOL Frame::CreateFrame(const std::string& hint) {
         return FALSE;
     }
     pages_.ShowPage(remembered_.page);
-    if (pages_.Page() < 0) pages_.ShowPage(kOrderPage);
     SelectSymbol(std::max(symbols_.IndexOf(text::GbkFromUtf8(remembered_.contract)), 0));
     SetTimer(kClockTimer, kClockMillis, nullptr);
     UpdateClock();
@@ -267,9 +268,7 @@ LRESULT Frame::OnQuotesWait(WPARAM, LPARAM) {
             chart_.SetReference(views::Reference(quote));
             UpdateChart();
         }
-        const Symbol& symbol = symbols_.All()[static_cast<std::size_t>(index)];
-        const JSDyn1 record = RecordOf(quote);
-        front_end_.OnDyn(symbol.market, symbol.code, &record);
+        PushQuote(index, quote);
     });
     UpdateClock();
     return 0;
@@ -336,7 +335,27 @@ void Frame::OnSessionReady() {
         const Symbol& chosen = symbols_.All()[static_cast<std::size_t>(symbol)];
         front_end_.CurStkChanged(chosen.market, chosen.code, 0);
     }
+    PushWantedQuotes();
     RefreshMarks();
+}
+
+// In a quiet market the next quote may be long in coming.
+void Frame::PushWantedQuotes() {
+    // Long and short positions count each, and the order page's contract.
+    std::vector<unsigned> keys(2 * symbols_.All().size() + 1);
+    const int count = front_end_.GetStkList(keys.data(), static_cast<int>(keys.size()));
+    keys.resize(static_cast<std::size_t>(std::clamp<int>(count, 0, static_cast<int>(keys.size()))));
+    for (const unsigned key : keys) {
+        const int index = symbols_.IndexOfKey(key);
+        const papercore::Quote quote = quotes_.Latest(index);
+        if (index >= 0 && quote.time != 0) PushQuote(index, quote);
+    }
+}
+
+void Frame::PushQuote(int index, const papercore::Quote& quote) {
+    const Symbol& symbol = symbols_.All()[static_cast<std::size_t>(index)];
+    const JSDyn1 record = RecordOf(quote);
+    front_end_.OnDyn(symbol.market, symbol.code, &record);
 }
 
 void Frame::OnSessionLost() {
@@ -346,6 +365,7 @@ void Frame::OnSessionLost() {
     UpdateClock();
     chart_.SetMarks({});
     OpenSignIn(lost_reason_.empty() ? kLostReason : lost_reason_);
+    lost_reason_.clear();
 }
 
 LRESULT Frame::OnSessionLostMessage(WPARAM, LPARAM lParam) {
@@ -448,7 +468,6 @@ LRESULT Frame::OnMinMax(WPARAM, LPARAM lParam) {
 
 LRESULT Frame::OnClose(WPARAM, LPARAM) {
     Remember();
-    if (on_close) on_close();
     DestroyWindow();
     return 0;
 }

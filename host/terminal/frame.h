@@ -69,6 +69,8 @@ public:
     /// The initial load is handled.
     void OnSessionReady();
     void OnSessionLost();
+    /// Why the session will be lost in a moment.
+    void SetLostReason(const std::string& reason) { lost_reason_ = reason; }
     void SetAccountName(const std::string& name);
     /// Three figures as the front end or the core gives them.
     void SetFunds(const std::string& equity, const std::string& available,
@@ -114,6 +116,9 @@ private:
     void UpdateChart();
     /// The contract's terms as they are on a trading day.
     void ShowTerms(int symbol, papercore::Day day);
+    /// The latest quotes of the contracts that the front end asks for.
+    void PushWantedQuotes();
+    void PushQuote(int index, const papercore::Quote& quote);
     void ToggleLog();
     void ShowHelp();
     void EditSettings();
@@ -150,8 +155,6 @@ public:
     std::function<void()> on_core_waits;
     /// Called for WM_COMMAND_WAITS.
     std::function<void()> on_command;
-    /// Called when the user closes the window, before it goes.
-    std::function<void()> on_close;
     /// Called when the window has gone.
     std::function<void()> on_gone;
 };

@@ -8,6 +8,7 @@ namespace {
 
 constexpr char kPaneProperty[] = "PagesPane";
 constexpr int kScriptBase = 10000001;
+constexpr int kFirstPage = 0;
 
 /// These are views of one window, which is hidden by any of their numbers.
 bool IsTradingView(int page) { return (page >= 0 && page <= 3) || page == 17; }
@@ -50,6 +51,9 @@ BOOL PagesPane::CreatePages(HWND frame) {
     main_procedure_ = reinterpret_cast<WNDPROC>(
         SetWindowLongPtrA(main_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WatchMain)));
     FillMenu();
+    // A new main window shows its order page.
+    page_ = kFirstPage;
+    ShowPage(kFirstPage);
     return TRUE;
 }
 

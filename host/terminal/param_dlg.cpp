@@ -56,7 +56,7 @@ bool ParamDlg::ReadTicks(int id, int& ticks) {
     char text[16] = "";
     GetDlgItemText(id, text, sizeof text);
     const std::size_t length = std::strlen(text);
-    if (length == 0 || std::strspn(text, "0123456789") != length) {
+    if (length == 0 || length > 3 || std::strspn(text, "0123456789") != length) {
         SetDlgItemText(kFault, "价位数请填 0 到 999");
         GotoDlgCtrl(GetDlgItem(id));
         return false;
@@ -66,9 +66,10 @@ bool ParamDlg::ReadTicks(int id, int& ticks) {
 }
 
 void ParamDlg::OnOK() {
-    if (!ReadTicks(kOverTicks, choices.over_ticks)) return;
-    if (!ReadTicks(kCloseTicks, choices.close_ticks)) return;
     const auto checked = [this](int id) { return IsDlgButtonChecked(id) == BST_CHECKED; };
+    // A switched off number can't be mended, so it is not looked at and stays what it was.
+    if (checked(kOverPrice) && !ReadTicks(kOverTicks, choices.over_ticks)) return;
+    if (!ReadTicks(kCloseTicks, choices.close_ticks)) return;
     choices.confirm_orders = checked(kConfirmOrders);
     choices.confirm_closes = checked(kConfirmCloses);
     choices.confirm_cancels = checked(kConfirmCancels);

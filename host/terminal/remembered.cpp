@@ -1,6 +1,7 @@
 #include "host/terminal/remembered.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
@@ -15,10 +16,17 @@ constexpr int kMostPixels = 20000;
 constexpr std::size_t kMostColumns = 32;
 constexpr std::size_t kMostText = 64;
 
+/// `least` for what is no whole number.
+int IntOf(const json& value, int least, int most) {
+    if (!value.is_number_integer()) return least;
+    if (value.is_number_unsigned() && value.get<std::uint64_t>() > INT32_MAX) return most;
+    return static_cast<int>(std::clamp<std::int64_t>(value.get<std::int64_t>(), least, most));
+}
+
 void Take(const json& object, const char* key, int& value, int least, int most) {
     const auto found = object.find(key);
     if (found == object.end() || !found->is_number_integer()) return;
-    value = static_cast<int>(std::clamp<std::int64_t>(found->get<std::int64_t>(), least, most));
+    value = IntOf(*found, least, most);
 }
 
 void Take(const json& object, const char* key, std::string& value) {
@@ -28,13 +36,22 @@ void Take(const json& object, const char* key, std::string& value) {
     if (text.size() <= kMostText) value = text;
 }
 
+void TakeColumns(const json& object, std::vector<int>& widths) {
+    const auto columns = object.find("quote_columns");
+    if (columns == object.end() || !columns->is_array() || columns->size() > kMostColumns) return;
+    widths.clear();
+    for (const json& column : *columns) widths.push_back(IntOf(column, 0, kMostPixels));
+}
+
+// Nothing of it is copied, however deep a damaged file is.
 json ReadObject(const std::string& path, bool& readable) {
     std::ifstream file(path, std::ios::binary);
     readable = true;
     if (!file) return json::object();
     json object = json::parse(file, nullptr, false);
     readable = object.is_object();
-    return readable ? object : json::object();
+    if (!readable) object = json::object();
+    return object;
 }
 
 }  // namespace
@@ -51,16 +68,11 @@ bool ReadRemembered(const std::string& path, Remembered& remembered) {
     Take(object, "chart_period", remembered.chart_period, 0, 60);
     Take(object, "contract", remembered.contract);
     Take(object, "account", remembered.account);
-    remembered.maximised = object.value("maximised", json()) == json(true);
-    if (object.value("look", json()) == json("light")) remembered.look = Look::kLight;
-    const json columns = object.value("quote_columns", json());
-    if (columns.is_array() && columns.size() <= kMostColumns) {
-        remembered.quote_columns.clear();
-        for (const json& column : columns) {
-            const int width = column.is_number_integer() ? column.get<int>() : 0;
-            remembered.quote_columns.push_back(std::clamp(width, 0, kMostPixels));
-        }
-    }
+    const auto maximised = object.find("maximised");
+    remembered.maximised = maximised != object.end() && *maximised == json(true);
+    const auto look = object.find("look");
+    if (look != object.end() && *look == json("light")) remembered.look = Look::kLight;
+    TakeColumns(object, remembered.quote_columns);
     return readable;
 }
 

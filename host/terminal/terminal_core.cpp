@@ -8,6 +8,13 @@
 #include "plugin/contract/messages.h"
 
 namespace terminal {
+namespace {
+
+// Statuses of the trading connection that end the session.
+constexpr int kConnectionDropped = -1;
+constexpr int kServerClosed = -2;
+
+}  // namespace
 
 TerminalCore::TerminalCore(papercore::CoreParts parts, papercore::State state, StatusLog& log,
                            int scale)
@@ -31,6 +38,7 @@ CoreNews TerminalCore::TakeNews() {
     told_ = false;
     CoreNews taken = news_;
     news_.progress.clear();
+    news_.lost.clear();
     news_.refused = news_.ready = news_.funds = news_.lists = false;
     return taken;
 }
@@ -64,13 +72,13 @@ void TerminalCore::ShowStatusText(const char* text, int code) {
 void TerminalCore::GetPromptText(int, char* buffer, int size) {
     if (!buffer || size <= 0) return;
     const std::scoped_lock lock(news_mutex_);
-    text::CopyText(buffer, static_cast<std::size_t>(size), news_.progress);
+    text::CopyText(buffer, static_cast<std::size_t>(size), prompt_);
 }
 
 void TerminalCore::ShowLoginProgress(int, const char* text) {
     if (!text) return;
     if (*text != '\0') ShowStatusText(text, kStatusPlain);
-    Tell([text](CoreNews& news) { news.progress = text; });
+    Tell([this, text](CoreNews& news) { news.progress = prompt_ = text; });
 }
 
 void TerminalCore::SetAccountDisplayName(const char* name, int) {
@@ -87,15 +95,13 @@ void TerminalCore::SetFundsText(const char* text, int) {
 void TerminalCore::NotifyEvent(int, WPARAM wParam, LPARAM lParam) {
     const WORD event = LOWORD(wParam);
     const bool failed = HIWORD(wParam) == kCoreEventFailed;
-    if (event == EV_LOGIN_RESULT && failed && lParam != 0) {
-        // The block begins with the reason.
-        const std::string reason(reinterpret_cast<const char*>(lParam),
-                                 strnlen(reinterpret_cast<const char*>(lParam), 1023));
-        ShowStatusText(("登录失败：" + reason).c_str(), kStatusPlain);
-        Tell([&reason](CoreNews& news) {
-            news.refused = true;
-            news.reason = reason;
-        });
+    if ((event == EV_LOGIN_RESULT || event == EV_NOTICE) && failed) TellRefused(lParam);
+    const auto status = static_cast<int>(lParam);
+    if (event == EV_CONNECTION_LOST && (status == kConnectionDropped || status == kServerClosed)) {
+        const std::string reason =
+            status == kServerClosed ? "连接被交易服务器断开" : "与交易服务器的连接已中断";
+        ShowStatusText(reason.c_str(), kStatusPlain);
+        Tell([&reason](CoreNews& news) { news.lost = reason + "，请重新登录"; });
     }
     if (event == EV_ACCOUNT_RESULT) {
         Tell([](CoreNews& news) { news.funds = true; });
@@ -103,6 +109,17 @@ void TerminalCore::NotifyEvent(int, WPARAM wParam, LPARAM lParam) {
     if (event == EV_ORDER_LIST || event == EV_POSITION_LIST || event == EV_POSITION_GROUP_LIST) {
         Tell([](CoreNews& news) { news.lists = true; });
     }
+}
+
+// The block begins with the reason.
+void TerminalCore::TellRefused(LPARAM block) {
+    const auto* text = reinterpret_cast<const char*>(block);
+    const std::string reason = text ? std::string(text, strnlen(text, 1023)) : std::string();
+    ShowStatusText(("登录失败：" + reason).c_str(), kStatusPlain);
+    Tell([&reason](CoreNews& news) {
+        news.refused = true;
+        news.reason = reason.empty() ? "登录失败" : reason;
+    });
 }
 
 void TerminalCore::NotifyInitDone(int) {

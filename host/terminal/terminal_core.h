@@ -21,6 +21,7 @@ struct CoreNews {
     bool funds = false;      ///< may have changed
     bool lists = false;      ///< orders, positions or stops may have changed
     std::string account;     ///< to be shown
+    std::string lost;        ///< why the session will be lost in a moment; empty if it won't
     std::string funds_text;  ///< "equity|available|open profit|" as the front end works it out
 };
 
@@ -52,6 +53,7 @@ public:
     void ReportSettlementText(int, int, const char*) override {}
 
 private:
+    void TellRefused(LPARAM block);
     /// Changes the news under the lock, then wakes.
     void Tell(const std::function<void(CoreNews&)>& change);
 
@@ -61,6 +63,7 @@ private:
     std::function<std::string()> clock_;
     std::mutex news_mutex_;
     CoreNews news_;
+    std::string prompt_;
     bool told_ = false;
 };
 

@@ -157,12 +157,18 @@ TEST_F(Commands, EveryFailureIsAReplyWithAReason) {
         R"({"cmd":"shot","name":"../x"})",
         R"({"cmd":"quote","contract":"x"})",
         std::string(200000, '['),
+        R"({"cmd":"status","tag":)" + std::string(200000, '[') + std::string(200000, ']') + "}",
+        R"({"cmd":)" + std::string(33, '[') + std::string(33, ']') + "}",
+        R"({"cmd":"type","text":")" + std::string(1001, 'x') + "\"}",
     };
     for (const std::string& line : broken) {
         const json reply = automation_.Run(line);
         EXPECT_EQ(reply["ok"], false) << line.substr(0, 60);
         EXPECT_FALSE(reply["reason"].get<std::string>().empty()) << line.substr(0, 60);
     }
+    EXPECT_TRUE(automation_.Run(
+        R"({"cmd":"status","tag":"\\\"[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[[["})")["ok"])
+        << "brackets in a text are no depth";
     dialog_.GetDlgItem(kAsk)->EnableWindow(FALSE);
     EXPECT_EQ(automation_.Run(R"({"cmd":"click","id":902})")["reason"], "the window is disabled");
     dialog_.GetDlgItem(kAsk)->ShowWindow(SW_HIDE);
@@ -180,6 +186,34 @@ TEST_F(Commands, WhatIsSeenIsAnswered) {
     EXPECT_NE(tree["tree"].get<std::string>().find("id 901"), std::string::npos);
     EXPECT_EQ(automation_.Run(R"({"cmd":"state"})")["equity"], "1.00");
     EXPECT_EQ(automation_.Run(R"({"cmd":"status"})")["lines"][0], "line");
+}
+
+TEST_F(Commands, AWindowNamedByMoreThanOneKeyFitsThemAll) {
+    const auto number = [](HWND window) {
+        return std::to_string(reinterpret_cast<ULONG_PTR>(window));
+    };
+    const std::string page = number(dialog_.GetSafeHwnd());
+    const std::string edit = number(dialog_.GetDlgItem(kEdit)->GetSafeHwnd());
+    const struct {
+        std::string keys;
+        std::size_t found;
+    } cases[] = {
+        {"\"window\":" + edit + ",\"within\":" + page, 1},
+        {"\"window\":" + page + ",\"within\":" + edit, 0},
+        {"\"window\":" + edit + ",\"id\":902", 0},
+        {"\"within\":" + page + ",\"id\":902,\"visible\":true", 1},
+    };
+    for (const auto& [keys, found] : cases) {
+        const json reply = automation_.Run(R"({"cmd":"find",)" + keys + "}");
+        ASSERT_TRUE(reply["ok"]) << reply.dump();
+        EXPECT_EQ(reply["windows"].size(), found) << keys;
+    }
+    EXPECT_EQ(automation_.Run(R"({"cmd":"find","within":1234567,"window":)" + page + "}")["ok"],
+              false);
+}
+
+TEST_F(Commands, AnEmptyLineHasItsReplyAndHoldsNothingUp) {
+    EXPECT_EQ(Replies({"", R"({"cmd":"status"})"}).size(), 3u);
 }
 
 TEST_F(Commands, IdleWaitsUntilTheCoreIsQuiet) {

@@ -15,6 +15,7 @@
 #include "host/terminal/templates.h"
 #include "platform/testing/input.h"
 #include "platform/testing/sight.h"
+#include "platform/text/bounded_text.h"
 #include "platform/text/gbk.h"
 #include "plugin/contract/messages.h"
 #include "plugin/qm_interface_ui.h"
@@ -191,9 +192,17 @@ TEST_F(FrameTest, OneOfTheRememberedPagesIsOnShowAlone) {
 TEST_F(FrameTest, ASessionBeginsWithTheSelectionAndTheWantedQuotesAndNoNoticeRepeatsIt) {
     host_.AddSymbol("Au(T+D)", 1, 1, 2);
     host_.AddSymbol("Ag(T+D)", 1, 2, 0);
+    CZebContract contract{};
+    text::CopyText(contract.szExchange, "SGE");
+    text::CopyText(contract.szContract, "Au(T+D)");
+    contract.nUnit = 1000;
+    contract.nPriceDigits = 2;
+    contract.dPriceTick = 0.01;
+    core_.contracts.push_back(contract);
+    core_.logged_in = true;
+    ui_.OnLoginPrompt(nullptr, ZEB_LOGIN_PROMPT_DONE, nullptr);
     quotes_.Put(0, GoldQuote(901.25));
     Pump();
-    core_.logged_in = true;
     host_.TakeCalls();
     ::PostMessageA(*frame_, WM_FRAME_NOTICE, kFrameReady, 0);
     ::PostMessageA(*frame_, WM_FRAME_NOTICE, kFrameLoginWanted, kModuleNumber);

@@ -103,8 +103,17 @@ TEST_F(Files, BrokenMemoriesKeepTheDefaultsAndTheFile) {
     EXPECT_GT(remembered.sizes.quotes_width, 0);
     EXPECT_EQ(remembered.quote_columns, (std::vector<int>{1, 0, 0}));
 
+    Write(path, R"({"quote_columns": [99999999999, 18446744073709551615, 4294967296, 70]})");
+    EXPECT_TRUE(ReadRemembered(path, remembered));
+    EXPECT_EQ(remembered.quote_columns, (std::vector<int>{20000, 20000, 20000, 70}));
+    const std::string deep = std::string(200000, '[') + std::string(200000, ']');
+    Write(path, R"({"look":)" + deep + R"(, "maximised":)" + deep + R"(, "quote_columns":)" + deep +
+                    R"(, "page": 4})");
+    EXPECT_TRUE(ReadRemembered(path, remembered));
+    EXPECT_EQ(remembered.page, 4);
+
     std::mt19937 random(11);
-    const std::string good = Content(path);
+    const std::string good = R"({"width": 1280, "quote_columns": [1, 2], "look": "light"})";
     for (int round = 0; round < 300; ++round) {
         std::string bytes = good;
         for (int change = 0; change < 4; ++change) {

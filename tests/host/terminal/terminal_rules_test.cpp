@@ -2,12 +2,16 @@
 
 #include <atomic>
 #include <cstring>
+#include <set>
+#include <string>
 #include <thread>
 
 #include "host/terminal/frame_layout.h"
 #include "host/terminal/param_rules.h"
 #include "host/terminal/quote_board.h"
+#include "host/terminal/report_data.h"
 #include "host/terminal/status_log.h"
+#include "host/terminal/symbol_table.h"
 
 namespace {
 
@@ -155,6 +159,43 @@ TEST(QuoteBoard, NothingIsLostBetweenThreads) {
     }
     feed.join();
     EXPECT_GE(woken, 1);
+}
+
+TEST(ReportData, FollowsFromTheWholeChallengeAndKeepsItsSize) {
+    std::set<std::string> seen;
+    const std::string longer(5000, 'x');
+    for (const std::string& challenge :
+         {std::string(), std::string("1"), std::string("2"), std::string(40, 'a'),
+          std::string(300, 'x'), longer, longer + "y"}) {
+        std::string buffer(4096, '#');
+        const std::size_t size = WriteReportData(buffer.data(), challenge.c_str());
+        EXPECT_GE(size, 64u) << challenge.size();
+        EXPECT_LE(size, 256u) << challenge.size();
+        EXPECT_EQ(buffer.find('#'), size) << "nothing behind what was told";
+        EXPECT_TRUE(seen.insert(buffer).second) << challenge.size();
+        std::string again(4096, '#');
+        WriteReportData(again.data(), challenge.c_str());
+        EXPECT_EQ(again, buffer);
+    }
+    char buffer[256];
+    EXPECT_EQ(WriteReportData(nullptr, "1"), 0u);
+    EXPECT_GE(WriteReportData(buffer, nullptr), 64u);
+}
+
+TEST(SymbolTable, AnswersOnlyItsOwnKeys) {
+    const SymbolTable symbols({{"SGE", "Au(T+D)", 1, 1, 2}, {"SGE", "Ag(T+D)", 1, 2, 0}});
+    const struct {
+        unsigned key;
+        int index;
+    } cases[] = {{0x10001, 0},  {0x20001, 1},     {0x30001, -1}, {0x00001, -1},
+                 {0x10002, -1}, {0xFFFF0001, -1}, {0x1FFFF, -1}, {0, -1}};
+    for (const auto& [key, index] : cases) EXPECT_EQ(symbols.IndexOfKey(key), index) << key;
+    CHostSymbol record;
+    std::memset(&record, 0x5A, sizeof record);
+    EXPECT_EQ(symbols.Fill(1, record), 0);
+    EXPECT_STREQ(record.szCode, "Ag(T+D)");
+    EXPECT_EQ(record.wCode, 2);
+    for (const int index : {-1, 2}) EXPECT_NE(symbols.Fill(index, record), 0);
 }
 
 TEST(StatusLog, KeepsTheNewestAndNumbersThemAll) {
