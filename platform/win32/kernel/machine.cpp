@@ -34,11 +34,12 @@ std::string ComputerName() {
     return name;
 }
 
-/// What is mounted at the root, which may be several things, the last one on top.
+/// What is mounted at the root, which may be several things, the last one on top. A changed root
+/// is listed nowhere.
 std::string RootFileSystem() {
     const std::unique_ptr<FILE, decltype(&endmntent)> mounts(setmntent("/proc/self/mounts", "r"),
                                                              &endmntent);
-    std::string type;
+    std::string type = "rootfs";
     if (!mounts) return type;
     mntent entry = {};
     char buffer[4096];
