@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
-#include <ranges>
 #include <string>
 
 #include "platform/present/screen.h"
@@ -210,14 +209,14 @@ namespace {
 // What a task bar shows is named after the program's own window: the lowest that has a caption and
 // no owner.
 void TellTitle(Desktop& desktop) {
-    for (const Window* window : DesktopWindow()->children | std::views::reverse) {
-        const bool named = (window->style & (WS_VISIBLE | WS_CAPTION)) == (WS_VISIBLE | WS_CAPTION);
-        if (!named || window->owner != nullptr) continue;
-        if (window->text == desktop.title) return;
-        desktop.title = window->text;
-        desktop.screen->SetTitle(text::Utf8FromGbk(desktop.title));
-        return;
-    }
+    constexpr DWORD kNamed = WS_VISIBLE | WS_CAPTION;
+    const std::vector<Window*>& windows = DesktopWindow()->children;
+    const auto own = std::find_if(windows.rbegin(), windows.rend(), [](const Window* window) {
+        return (window->style & kNamed) == kNamed && window->owner == nullptr;
+    });
+    if (own == windows.rend() || (*own)->text == desktop.title) return;
+    desktop.title = (*own)->text;
+    desktop.screen->SetTitle(text::Utf8FromGbk(desktop.title));
 }
 
 }  // namespace
