@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <limits>
 #include <sstream>
 
@@ -230,7 +231,7 @@ TEST(ReplayLayout, FilesThatNothingCanComeOfAreRefused) {
 /// Makes its rows as they are read, and knows how much of them was.
 class EndlessRows : public std::streambuf {
 public:
-    explicit EndlessRows(std::size_t rows) : left_(rows), row_("time,price,qty\n") { Rewind(); }
+    explicit EndlessRows(std::uint64_t rows) : left_(rows), row_("time,price,qty\n") { Rewind(); }
 
 private:
     void Rewind() { setg(row_.data(), row_.data(), row_.data() + row_.size()); }
@@ -240,7 +241,7 @@ private:
         Rewind();
         return traits_type::to_int_type(row_[0]);
     }
-    std::size_t left_;
+    std::uint64_t left_;
     std::string row_;
 };
 
