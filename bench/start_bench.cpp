@@ -1,5 +1,6 @@
-// How long the gallery takes from its launch to its first frame, headless, against a program that
-// only opens FreeType and draws the same texts. Both are launched in turn.
+// How long programs take from their launch to their first frame, headless: the gallery against a
+// program that only opens FreeType and draws the same texts, the terminal against the gallery.
+// Two that are compared are launched in turn.
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,6 +9,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -64,6 +66,28 @@ MEASURE("start.first_frame_over_freetype_only") {
         theirs.push_back(Launch({least, texts}));
     }
     unlink(texts);
+    return FastTenth(ours) / FastTenth(theirs);
+}
+
+// With an account that is there already, until the sign-in is on show.
+MEASURE("app.first_frame_over_gallery") {
+    char folder[] = "/tmp/goldterm_XXXXXX";
+    if (!mkdtemp(folder)) {
+        std::perror("mkdtemp");
+        std::exit(1);
+    }
+    setenv("XDG_DATA_HOME", folder, 1);
+    const std::string terminal = NextToThisProgram("goldterm");
+    const std::string gallery = NextToThisProgram("gallery");
+    Launch({terminal, "--first-frame"});
+    std::vector<double> ours;
+    std::vector<double> theirs;
+    for (int round = 0; round < kLaunches; ++round) {
+        ours.push_back(Launch({terminal, "--first-frame"}));
+        theirs.push_back(Launch({gallery, "--first-frame"}));
+    }
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
     return FastTenth(ours) / FastTenth(theirs);
 }
 
