@@ -144,10 +144,14 @@ std::int64_t Engine::MaxVolume(const std::string& contract, char direction, char
     const std::int64_t closable =
         use == Use::kOpen ? 0 : Closable(state_, contract, order.side, use);
     const std::int64_t largest = terms->largest_order > 0 ? terms->largest_order : kNoBound;
-    if (use == Use::kClose || use == Use::kCloseToday) return std::min(closable, largest);
+    const auto allowed = [&](std::int64_t most) {
+        const std::int64_t volume = std::min(most, largest);
+        return volume >= terms->smallest_order ? volume : 0;
+    };
+    if (use == Use::kClose || use == Use::kCloseToday) return allowed(closable);
     const Quote* quote = LastQuote(contract);
     const Price freeze = quote ? FreezePrice(*quote, order.side, price) : price;
-    if (freeze <= 0) return std::min(closable, largest);
+    if (freeze <= 0) return allowed(closable);
     Fen spendable = Spendable();
     if (closable > 0) {
         OrderRequest request;
@@ -159,8 +163,7 @@ std::int64_t Engine::MaxVolume(const std::string& contract, char direction, char
     order.closing.clear();
     order.opening = 1;
     const Fen cost = std::max<Fen>(FreezeOf(state_, *terms, order, freeze).Total(), 1);
-    const std::int64_t volume = std::min(closable + std::max<Fen>(spendable, 0) / cost, largest);
-    return volume >= terms->smallest_order ? volume : 0;
+    return allowed(closable + std::max<Fen>(spendable, 0) / cost);
 }
 
 }  // namespace papercore

@@ -107,6 +107,19 @@ TEST_F(EngineFunds, PreviewWhatCanBeClosed) {
     EXPECT_EQ(0, engine->MaxVolume("Xy", '0', '0', PriceFromYuan(900.00)));
 }
 
+TEST_F(EngineFunds, PreviewNoCloseBelowTheSmallestOrder) {
+    Feed(kMini).Bid(299.99, 90).Ask(300.00, 2);
+    Buy(3).At(300.00).Of(kMini);
+    ExpectFilled(2);
+    EXPECT_EQ(0, engine->MaxVolume(kMini, '1', '1', PriceFromYuan(299.99)));
+    Sell(2).At(299.99).Of(kMini).Close();
+    ExpectRefused("委托手数2超出范围：3到20");
+    Feed(kMini).Ask(300.00, 1);
+    EXPECT_EQ(3, engine->MaxVolume(kMini, '1', '1', PriceFromYuan(299.99)));
+    Sell(3).At(299.99).Of(kMini).Close();
+    ExpectAccepted();
+}
+
 TEST_F(EngineFunds, PreviewNoMoreAndNoLessThanAnOrderMayHave) {
     Feed(kMini).Bid(299.99, 90).Ask(300.00, 90);
     EXPECT_EQ(20, engine->MaxVolume(kMini, '0', '0', PriceFromYuan(300.00)));
