@@ -12,6 +12,8 @@
 
 namespace papercore {
 
+struct Frozen;
+
 struct EngineSettings {
     ShrinkRule shrink = ShrinkRule::kProRata;
     Fen starting_funds = 100'000'000;
@@ -76,6 +78,7 @@ private:
     void EndOrder(OrderId id, OrderStatus status, const std::string& remark, Instant now);
     void EndRest(OrderId id, Instant now);
     void GoOnAsLimit(OrderId id, Price limit);
+    Frozen FrozenAt(Order order, Price limit) const;
     Price RestLimit(const Order& order) const;
     Price FreezeNow(const Order& order) const;
     void ApplyPreset(Lot& lot) const;

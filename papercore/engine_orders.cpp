@@ -15,6 +15,10 @@ namespace {
 
 std::string Hands(std::int64_t volume) { return std::to_string(volume) + "手"; }
 
+std::string ShortOfMoney(Fen needed, Fen there) {
+    return "可用资金不足：需要 " + MoneyText(needed) + "，可用 " + MoneyText(there);
+}
+
 /// Offset of a trade that closes for an order.
 char ClosingOffset(const Order& order) { return order.offset == '2' ? '2' : '1'; }
 
@@ -60,7 +64,7 @@ std::string Engine::Prepare(const OrderRequest& request, const ContractTerms& te
     if (order.opening == 0) return {};
     const Fen spendable = Spendable();
     if (frozen.Total() <= spendable) return {};
-    return "可用资金不足：需要 " + MoneyText(frozen.Total()) + "，可用 " + MoneyText(spendable);
+    return ShortOfMoney(frozen.Total(), spendable);
 }
 
 Answer Engine::Insert(const OrderRequest& request, Instant now) {
@@ -126,6 +130,14 @@ void Engine::EndRest(OrderId id, Instant now) {
         EndOrder(id, OrderStatus::kCancelled, "没有可转为限价的价格，剩余" + rest + "撤销", now);
         return;
     }
+    // The own side's price may take more than the one at which the order came.
+    const Fen needed = FrozenAt(order, limit).Total();
+    const Fen there = Spendable() + order.frozen_margin + order.frozen_fee;
+    if (order.opening > 0 && needed > there) {
+        EndOrder(id, OrderStatus::kCancelled,
+                 ShortOfMoney(needed, there) + "，剩余" + rest + "撤销", now);
+        return;
+    }
     GoOnAsLimit(id, limit);
     Match(id, now);
 }
@@ -139,11 +151,14 @@ Price Engine::RestLimit(const Order& order) const {
     return order.side == Side::kBuy ? quote->bid[0].price : quote->ask[0].price;
 }
 
-void Engine::GoOnAsLimit(OrderId id, Price limit) {
-    Order order = state_.orders.at(id);
+Frozen Engine::FrozenAt(Order order, Price limit) const {
     order.limit = limit;
     const ContractTerms* terms = TermsToday(order.contract);
-    const Frozen frozen = terms ? FreezeOf(state_, *terms, order, FreezeNow(order)) : Frozen{};
+    return terms ? FreezeOf(state_, *terms, order, FreezeNow(order)) : Frozen{};
+}
+
+void Engine::GoOnAsLimit(OrderId id, Price limit) {
+    const Frozen frozen = FrozenAt(state_.orders.at(id), limit);
     Record(OrderBecameLimit{id, limit, frozen.margin, frozen.fee});
 }
 

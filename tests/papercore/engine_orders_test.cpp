@@ -256,6 +256,19 @@ TEST_F(EngineOrders, TurnsTheRestIntoALimitOnTheOwnSideWhereNothingFilled) {
     EXPECT_EQ(PriceFromYuan(299.99), OrderNow().limit);
 }
 
+TEST_F(EngineOrders, EndARestThatWouldFreezeMoreThanThereIs) {
+    Start(FenFromYuan(96'100.0));  // two lots sold at 299.99 take 96,086.80
+    Feed(kGold).Bid(299.99, 1).Ask(310.00, 3);
+    Sell(1).At(299.99);
+    ExpectFilled(1);
+    Sell(1).Price("市价", 5).Type('b');
+    ExpectAccepted();
+    ExpectFilled(0);
+    ExpectEnded(OrderStatus::kCancelled,
+                "可用资金不足：需要 49,646.50，可用 48,046.60，剩余1手撤销");
+    EXPECT_LE(0, engine->FundsNow().available);
+}
+
 TEST_F(EngineOrders, FillsAllOrNothingWhenAsked) {
     Buy(3).At(300.00).Type('d');
     ExpectFilled(3);
