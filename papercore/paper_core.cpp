@@ -213,11 +213,11 @@ void PaperCore::PublishSettings() {
     for (const auto& [key, record] : state.presets) kept_.presets[key] = {record};
     kept_.lot_stops.clear();
     for (const auto& [id, lot] : state.lots) {
-        if (lot.has_stop) kept_.lot_stops[id] = {lot.stop.record};
+        if (lot.has_stop && !lot.stop.triggered) kept_.lot_stops[id] = {lot.stop.record};
     }
 }
 
-/// `changes` has what is shown with the facts, but has been told or needs no word.
+/// `changes` has what is shown with the facts, but was kept back until now.
 void PaperCore::Tell(const std::vector<Fact>& facts, Changes changes) {
     std::vector<Told> words;
     for (const Fact& fact : facts) {
@@ -233,8 +233,8 @@ void PaperCore::Tell(const std::vector<Fact>& facts, Changes changes) {
     }
     if (changes.day || !changes.orders.empty()) front_end_->OnUpdateOrderList(Account());
     if (changes.day) front_end_->OnUpdateTradeList(Account());
-    if (changes.day || changes.lots) {
-        front_end_->OnUpdatePositionList(Account());
+    if (changes.day || changes.lots) front_end_->OnUpdatePositionList(Account());
+    if (changes.day || changes.lots || changes.bases) {
         front_end_->OnUpdatePositionGroupList(Account());
     }
     if (changes.day || changes.money) PushAccount(engine_.FundsNow());

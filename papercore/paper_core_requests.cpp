@@ -160,7 +160,8 @@ void PaperCore::SetGroupStop(int groupId, CPresetStop* stop) {
 
 void PaperCore::StartStopMonitor() {
     Put([this] {
-        if (!Fault().empty()) return;
+        // What sleeps waits for a login, whoever starts it.
+        if (!Fault().empty() || !logged_in_) return;
         engine_.WakeStops();
         Finish();
     });

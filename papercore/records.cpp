@@ -112,7 +112,8 @@ PositionGroup RecordOf(const Lot& lot, Day today) {
     record.dOpenPrice = YuanFromPrice(lot.open_price);
     record.nSession = static_cast<std::uint8_t>(lot.session);
     record.nPlannedVolume = record.nVolume;
-    if (!lot.has_stop) return record;
+    // One that has fired protects nothing any more.
+    if (!lot.has_stop || lot.stop.triggered) return record;
     const CPresetStop& stop = lot.stop.record;
     record.dTakeProfit = stop.dProfitTicks;
     record.dPullback = stop.dProfitPullback;

@@ -208,6 +208,58 @@ TEST_F(PaperCoreTest, AnOrderOfAStopIsCancelledFromTheList) {
     auto* const order = reinterpret_cast<CZebOrder*>(part.get());
     core_->CancelOrder(order, order->szOrderRef, nullptr, orders[1].nSession);
     EXPECT_THAT(Told(), ElementsAre("order 2 4 0/2", "orders", "positions", "groups", "account"));
+    PositionGroup lot{};
+    ASSERT_EQ(core_->GetPositionDetailList(&lot, 1), 1);
+    EXPECT_EQ(lot.dStopLoss, 0) << "the strategy has fired and protects nothing any more";
+    CPresetStop left{};
+    core_->GetGroupStop(lot.nGroupID, &left);
+    EXPECT_EQ(left.dStopTicks, 0);
+}
+
+TEST_F(PaperCoreTest, SleepingStopsAreStartedAfterALoginOnly) {
+    LogIn();
+    CTradeParam param{};
+    core_->GetTradeParam(&param);
+    param.nValidity = 1;
+    core_->SetTradeParam(&param);
+    CPresetStop stop{};
+    stop.dStopTicks = 10;
+    core_->SetPresetStop("SGE", kGold, &stop);
+    Order('0', '0', "900.00", 2);
+    core_->OnDayEnd({1'767'601'000'000, kDay, kDay + 1, {{kGold, PriceFromYuan(900.00)}}});
+    Quiet();
+    core_->Logout();
+    core_->StartStopMonitor();
+    Quote low = GoldQuote(899.00, 899.05);
+    low.trading_day = kDay + 1;
+    core_->OnQuote(low);
+    Quiet();
+    EXPECT_EQ(core_->Look().lots->size(), 1u) << "still asleep";
+    core_->Login("demo", "secret", nullptr, nullptr);
+    ASSERT_TRUE(ui_.WaitFor("prompt 22"));
+    core_->OnQuote(low);
+    Quiet();
+    EXPECT_EQ(core_->Look().lots->size(), 1u) << "nobody started it";
+    core_->StartStopMonitor();
+    core_->OnQuote(low);
+    Quiet();
+    EXPECT_EQ(core_->Look().lots->size(), 0u);
+}
+
+TEST_F(PaperCoreTest, BestPricesAreToldWithTheOrderThatTheyAreKeptWith) {
+    LogIn();
+    CPresetStop stop{};
+    stop.dStopTicks = 1000;
+    stop.dStopFloat = 10;
+    core_->SetPresetStop("SGE", kGold, &stop);
+    Order('0', '0', "900.00", 1);
+    Told();
+    core_->OnQuote(GoldQuote(901.00, 901.05));
+    Order('0', '0', "890.00", 1);
+    EXPECT_THAT(Told(), Contains("groups"));
+    PositionGroup lot{};
+    ASSERT_EQ(core_->GetPositionDetailList(&lot, 1), 1);
+    EXPECT_EQ(lot.dFloatBase, 901.00);
 }
 
 TEST_F(PaperCoreTest, NumbersOfTenDigitsAreCancelledToo) {
