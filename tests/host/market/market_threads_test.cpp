@@ -66,12 +66,12 @@ TEST(MarketThreads, NobodyIsToldAfterItsSubscriptionEnded) {
                 // Freed right after the end: a late call would write into freed memory.
                 auto numbers = std::make_unique<std::vector<std::int64_t>>();
                 std::atomic<bool> heard = false;
-                const int subscription =
-                    market.Subscribe({[into = numbers.get(), &heard](const papercore::Quote& quote) {
-                                          into->push_back(quote.trade_volume);
-                                          heard = true;
-                                      },
-                                      {}});
+                const int subscription = market.Subscribe(
+                    {[into = numbers.get(), &heard](const papercore::Quote& quote) {
+                         into->push_back(quote.trade_volume);
+                         heard = true;
+                     },
+                     {}});
                 // However late the stepper starts, every subscription ends in the midst of quotes.
                 while (!heard) std::this_thread::yield();
                 market.Unsubscribe(subscription);
