@@ -28,7 +28,7 @@ enum HostMessage : UINT {
     /// Contracts are loaded: kModuleNumber, 0.
     HOST_CONTRACTS_LOADED = 0x91B,
     /// Data of the client report: char* buffer of kHostReportSize bytes, challenge text. The result
-    /// is the number of bytes written.
+    /// is the number of bytes written; with less than 64 the report is no digest.
     HOST_GET_REPORT_DATA = 0x5002,
 };
 

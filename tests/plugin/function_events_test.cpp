@@ -89,7 +89,8 @@ TEST_F(FunctionEvents, ReportBeforeTheirStatusLine) {
     Send(EV_FUNCTION_RESULT, NumberedBlock(4, "a|b|c|Y|challenge|5"));
     log.clear();
     platform::testing::PumpFor(4000);
-    EXPECT_GBK_EQ("SendFunctionRequest(4, \"YWJj\"); ShowStatusText(\"发送4\", 0)",
+    EXPECT_GBK_EQ("SendFunctionRequest(4, \"YWJj" + std::string(82, 'A') +
+                      "==\"); ShowStatusText(\"发送4\", 0)",
                   TakeLog({"SendFunctionRequest", "ShowStatusText"}));
 }
 

@@ -19,6 +19,7 @@ my @front   = (@pages, qw(plugin controls plugin/contract plugin/settings));
 my %allowed = (
     'platform'         => [],
     'platform/text'    => [qw(platform/types.h)],
+    'platform/digest'  => [],
     'platform/win32'   => [qw(platform/types.h platform/start.h platform/text platform/present)],
     'platform/present' => [qw(platform/types.h)],
     'platform/toolkit' => [qw(platform/types.h platform/system.h)],
@@ -28,7 +29,7 @@ my %allowed = (
     'plugin/settings' => [qw(platform/types.h platform/system.h platform/text plugin/contract)],
     'controls'        => [@windows, qw(plugin/contract plugin/settings)],
     (map { $_ => [@windows, qw(controls plugin/contract plugin/settings)] } @pages),
-    'plugin'    => [@windows, @front],
+    'plugin'    => [@windows, @front, 'platform/digest'],
     'papercore' => [qw(platform/types.h platform/text plugin/contract)],
     'host'      =>
         [@windows, @front, qw(papercore host/skin host/market platform/start.h platform/testing)],
@@ -47,7 +48,8 @@ my @external = (
         qr{^platform/(?:win32|testing)/|^platform/(?:types|heap|system)\.h$}],
     [qr{^(?:ft2build\.h|freetype/|fontconfig/|png\.h)}, qr{^platform/win32/}],
     [qr{^SDL},                                         qr{^platform/present/}],
-    [qr{^(?:sqlite3|openssl/)},                        qr{^papercore/}],
+    [qr{^sqlite3},                                     qr{^papercore/}],
+    [qr{^openssl/},                                    qr{^papercore/|^platform/digest/}],
     [qr{^nlohmann/},                                   qr{^(?:papercore|host)/}],
     [qr{^CLI/},                                        qr{^host/}],
     [qr{^(?:gtest|gmock|benchmark)/},                  qr{^$}],
