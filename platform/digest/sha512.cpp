@@ -2,15 +2,17 @@
 
 #ifdef _WIN32
 
-#include <bcrypt.h>
+// The second needs what the first defines.
+// clang-format off
 #include <windows.h>
+#include <bcrypt.h>
+// clang-format on
 
 #include <limits>
 
 namespace digest {
 namespace {
 
-// The header's word for success needs another one that clashes with <windows.h>.
 bool Worked(NTSTATUS status) { return status >= 0; }
 
 bool DigestWith(BCRYPT_ALG_HANDLE algorithm, std::string_view bytes, Sha512Digest& result) {
