@@ -9,7 +9,7 @@ namespace winbase {
 namespace {
 
 std::string& OwnText() {
-    static std::string text;
+    static auto& text = *new std::string;
     return text;
 }
 

@@ -9,7 +9,7 @@ namespace winbase {
 namespace {
 
 std::map<HWND, DialogState>& States() {
-    static std::map<HWND, DialogState> states;
+    static auto& states = *new std::map<HWND, DialogState>;
     return states;
 }
 

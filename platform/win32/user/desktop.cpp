@@ -33,7 +33,7 @@ struct Desktop {
 };
 
 Desktop& TheDesktop() {
-    static Desktop desktop;
+    static auto& desktop = *new Desktop;
     return desktop;
 }
 

@@ -229,7 +229,7 @@ UINT RegisterWindowMessageA(LPCSTR name) {
         }
     };
     static std::mutex mutex;
-    static std::map<std::string, UINT, IgnoreCase> messages;
+    static auto& messages = *new std::map<std::string, UINT, IgnoreCase>;
     const std::lock_guard lock(mutex);
     const auto next = kFirst + static_cast<UINT>(messages.size());
     return messages.emplace(name, next).first->second;

@@ -15,7 +15,7 @@ constexpr ATOM kFirstAtom = 0xC000;
 constexpr int kMostExtra = 4096;
 
 std::vector<std::unique_ptr<WindowClass>>& Classes() {
-    static std::vector<std::unique_ptr<WindowClass>> classes;
+    static auto& classes = *new std::vector<std::unique_ptr<WindowClass>>;
     return classes;
 }
 

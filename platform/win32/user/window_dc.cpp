@@ -73,7 +73,7 @@ private:
 };
 
 std::map<HDC, std::unique_ptr<WindowTarget>>& Contexts() {
-    static std::map<HDC, std::unique_ptr<WindowTarget>> contexts;
+    static auto& contexts = *new std::map<HDC, std::unique_ptr<WindowTarget>>;
     return contexts;
 }
 

@@ -13,8 +13,10 @@ namespace winbase {
 
 namespace {
 
+// Never destroyed, like everything that a window needs to go: a program's static objects may leave
+// theirs when the process ends.
 HandleTable<Window>& Table() {
-    static HandleTable<Window> table(HandleKind::kWindow);
+    static auto& table = *new HandleTable<Window>(HandleKind::kWindow);
     return table;
 }
 
@@ -34,7 +36,7 @@ Window* MakeDesktop() {
 }  // namespace
 
 UiState& Ui() {
-    static UiState state;
+    static auto& state = *new UiState;
     return state;
 }
 
