@@ -99,13 +99,12 @@ private:
 /// The shown page with the contract chosen. It stays to the end of the program.
 CGoldBSBaseDlg& MakePage() {
     static QuickCore core;
-    // Windows of the page's surroundings stand until the process ends.
-    static auto& lists = *new NoLists;
+    static NoLists lists;
     g_pUICallBack = &core;
     g_pfnHostCallBack = &QuickHost;
     g_mapContractMargin["Au(T+D)"] = 100;
     g_dAvailable = 1e6;
-    static auto& frame = *new CWnd;
+    static CWnd frame;
     frame.CreateEx(0, AfxRegisterWndClass(0), "", WS_POPUP | WS_VISIBLE,
                    CRect(0, 0, bench::kWidth, bench::kHeight), nullptr, 0);
     auto* const page = new CGoldBSBaseDlg(lists);
