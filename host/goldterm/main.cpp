@@ -71,12 +71,16 @@ int main(int argc, char** argv) {
         return exit_code;
     }
     platform::StartOptions start;
-    if (options.headless || options.first_frame) start.display = platform::Display::kHeadless;
+    const bool windowless = options.headless || options.first_frame;
+    start.display = windowless ? platform::Display::kHeadless : platform::Display::kWindow;
     if (options.manual_clock) start.clock = platform::Clock::kManual;
     start.scale = options.scale;
     start.width = options.width;
     start.height = options.height;
-    platform::Start(start);
+    if (!platform::Start(start)) {
+        std::fprintf(stderr, "goldterm: there is no display here; --headless runs without one\n");
+        return kBroken;
+    }
     terminal::Terminal terminal(options);
     const std::string fault = terminal.Open();
     if (!fault.empty()) {

@@ -64,8 +64,8 @@ bool platform::Start(const StartOptions& options) {
     const int scale = std::clamp(options.scale, 1, 3);
     winbase::SetDefaultScale(scale);
     if (options.clock == Clock::kManual) StopClock();
-    const bool wanted = options.display == Display::kWindow ||
-                        (options.display == Display::kAutomatic && DisplayAnnounced());
+    // Undeclared displays would be the console itself, which is nothing to take over unasked.
+    const bool wanted = options.display != Display::kHeadless && DisplayAnnounced();
     auto screen = wanted ? OpenScreen(options, scale) : nullptr;
     const bool opened = screen != nullptr;
     const SIZE size =
