@@ -245,16 +245,39 @@ void DesktopExposed() {
     desktop.damage.Unite(RECT{0, 0, desktop.size.cx, desktop.size.cy});
 }
 
+namespace {
+
+/// Of a window with a title that would be cut off by the desktop's new edges and wasn't by the old
+/// ones: it comes in as far as it must, its title first.
+void BringIn(const Window* window, SIZE before, SIZE now) {
+    constexpr DWORD kTitled = WS_VISIBLE | WS_CAPTION;
+    if ((window->style & kTitled) != kTitled) return;
+    const RECT& place = window->rect;
+    const auto start = [](LONG from, LONG to, LONG old_edge, LONG edge) {
+        return to > edge && edge < old_edge ? std::max<LONG>(0, edge - (to - from)) : from;
+    };
+    const LONG left = start(place.left, place.right, before.cx, now.cx);
+    const LONG top = start(place.top, place.bottom, before.cy, now.cy);
+    if (left == place.left && top == place.top) return;
+    SetWindowPos(window->handle, nullptr, left, top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
 void DesktopResized(int width, int height) {
     Desktop& desktop = TheDesktop();
+    const SIZE before = desktop.size;
     desktop.size = {std::clamp(width, 320, 8192), std::clamp(height, 240, 8192)};
-    // A maximised window fills the desktop, whatever its size.
-    std::vector<HWND> zoomed;
-    for (const Window* window : DesktopWindow()->children) {
-        if ((window->style & WS_MAXIMIZE) != 0) zoomed.push_back(window->handle);
-    }
-    for (const HWND window : zoomed) {
-        if (LookUp(window) != nullptr) ShowWindow(window, SW_MAXIMIZE);
+    for (const HWND handle : HandlesOf(DesktopWindow()->children)) {
+        const Window* const window = LookUp(handle);
+        if (window == nullptr) continue;
+        // A maximised window fills the desktop, whatever its size.
+        if ((window->style & WS_MAXIMIZE) != 0) {
+            ShowWindow(handle, SW_MAXIMIZE);
+        } else {
+            BringIn(window, before, desktop.size);
+        }
     }
 }
 
