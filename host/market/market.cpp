@@ -58,6 +58,9 @@ papercore::Price PriceOf(const Quote& quote) {
 
 Market::Market(std::unique_ptr<Source> source)
     : source_(std::move(source)), now_(source_->Start()), day_(TradingDayOf(now_)) {
+    for (const auto& [name, bars] : source_->Before()) {
+        contracts_[name].minutes.assign(bars.begin(), bars.end());
+    }
     pending_ = source_->Next();
     at_end_ = !pending_;
 }
@@ -253,14 +256,16 @@ std::string Market::ClockText() const {
 std::optional<Quote> Market::Last(std::string_view contract) const {
     const std::lock_guard lock(mutex_);
     const auto found = contracts_.find(contract);
-    if (found == contracts_.end()) return std::nullopt;
+    if (found == contracts_.end() || found->second.last.contract.empty()) return std::nullopt;
     return found->second.last;
 }
 
 std::vector<Quote> Market::LastQuotes() const {
     const std::lock_guard lock(mutex_);
     std::vector<Quote> result;
-    for (const auto& [name, contract] : contracts_) result.push_back(contract.last);
+    for (const auto& [name, contract] : contracts_) {
+        if (!contract.last.contract.empty()) result.push_back(contract.last);
+    }
     return result;
 }
 

@@ -25,16 +25,6 @@ struct Trade {
     std::int64_t volume = 0;
 };
 
-/// Prices of a stretch of minutes: of trades and, between them, of quotes.
-struct Bar {
-    papercore::Instant time = 0;  ///< its begin
-    papercore::Price open = 0;
-    papercore::Price high = 0;
-    papercore::Price low = 0;
-    papercore::Price close = 0;
-    std::int64_t volume = 0;
-};
-
 /// Called in the market's order on the thread that steps it, never while the market is locked: it
 /// may read the market and end subscriptions, its own too. It must not step it.
 struct Subscriber {

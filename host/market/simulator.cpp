@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "host/market/civil_time.h"
+#include "host/market/made_history.h"
 
 namespace market {
 namespace {
@@ -41,6 +42,10 @@ Simulator::Simulator(const papercore::TermsTable& terms, SimulatorOptions option
 }
 
 Instant Simulator::Start() const { return MomentOf(options_.first_day, kOpening); }
+
+History Simulator::Before() const {
+    return MakeHistory(terms_, PreviousBusinessDay(options_.first_day), options_);
+}
 
 std::optional<Event> Simulator::Next() {
     if (contracts_.empty()) return std::nullopt;

@@ -22,12 +22,14 @@ struct SimulatorOptions {
 };
 
 /// Makes up a market: contracts of a metal follow one mean-reverting walk with bursts. It begins at
-/// 09:00 of its first day and never ends. Only sums and products: the same ticks everywhere.
+/// 09:00 of its first day, with a past of one day, and never ends. Only sums and products: the same
+/// ticks everywhere.
 class Simulator : public Source {
 public:
     Simulator(const papercore::TermsTable& terms, SimulatorOptions options);
     std::optional<Event> Next() override;
     papercore::Instant Start() const override;
+    History Before() const override;
 
 private:
     struct Metal {

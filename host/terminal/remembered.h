@@ -18,7 +18,7 @@ struct Remembered {
     std::string contract;  ///< current one, UTF-8
     std::string account = "demo";
     int page = 0;
-    int chart_period = 0;            ///< minutes of a candle; 0: the day's line
+    int chart_period = 1;            ///< minutes of a candle; 0: the day's line
     std::vector<int> quote_columns;  ///< widths
 };
 
