@@ -11,11 +11,12 @@ constexpr std::chrono::milliseconds kPause(20);
 }  // namespace
 
 void Feed::Start() {
-    if (!thread_.joinable()) thread_ = std::thread([this] { Run(); });
+    if (thread_.joinable()) return;
+    thread_ = std::jthread([this](const std::stop_token& stop) { Run(stop); });
 }
 
 void Feed::Stop() {
-    stopping_ = true;
+    thread_.request_stop();
     if (thread_.joinable()) thread_.join();
 }
 
@@ -24,9 +25,9 @@ void Feed::WhileStill(const std::function<void(market::Market&)>& action) {
     action(market_);
 }
 
-void Feed::Run() {
+void Feed::Run(const std::stop_token& stop) {
     Clock::time_point last = Clock::now();
-    while (!stopping_) {
+    while (!stop.stop_requested()) {
         const Clock::time_point now = Clock::now();
         const auto passed = std::chrono::duration_cast<std::chrono::milliseconds>(now - last);
         last += passed;
@@ -36,7 +37,9 @@ void Feed::Run() {
         }
         // At maximum speed there is always more; a short pause lets others read the market.
         const bool busy = told > 0 && market_.Speed() == market::kMaximumSpeed;
-        std::this_thread::sleep_for(busy ? std::chrono::milliseconds(1) : kPause);
+        std::unique_lock pause(pausing_);
+        wake_.wait_for(pause, stop, busy ? std::chrono::milliseconds(1) : kPause,
+                       [] { return false; });
     }
 }
 

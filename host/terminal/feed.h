@@ -1,9 +1,9 @@
 #pragma once
 
-#include <atomic>
+#include <condition_variable>
 #include <functional>
-#include <memory>
 #include <mutex>
+#include <stop_token>
 #include <thread>
 
 #include "host/market/market.h"
@@ -15,7 +15,7 @@ namespace terminal {
 class Feed {
 public:
     explicit Feed(market::Market& market) : market_(market) {}
-    ~Feed() { Stop(); }
+    ~Feed() = default;
     Feed(const Feed&) = delete;
     Feed& operator=(const Feed&) = delete;
 
@@ -26,12 +26,13 @@ public:
     void WhileStill(const std::function<void(market::Market&)>& action);
 
 private:
-    void Run();
+    void Run(const std::stop_token& stop);
 
     market::Market& market_;
     std::mutex moving_;
-    std::atomic<bool> stopping_ = false;
-    std::thread thread_;
+    std::mutex pausing_;
+    std::condition_variable_any wake_;
+    std::jthread thread_;
 };
 
 }  // namespace terminal
