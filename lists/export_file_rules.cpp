@@ -13,6 +13,12 @@ bool Exists(const std::string& path) {
     return ::GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
+/// The attribute decides as well as the right, because a privileged user could write anyway.
+bool IsReadOnly(const char* path) {
+    const DWORD attributes = ::GetFileAttributesA(path);
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+}
+
 /// A name beside the file that no file has; empty if there is none.
 std::string NameBeside(const std::string& path) {
     constexpr int kTries = 100;
@@ -43,12 +49,10 @@ ExportResult WriteExport(const char* path, const ExportWriter& write) {
     const std::string draft = NameBeside(path);
     std::FILE* const file = text::OpenFile(draft.c_str(), "wb");
     if (file == nullptr) return WriteInPlace(path, write);
-    ExportResult result = ExportResult::kWritten;
-    if (!WriteAndClose(file, write)) {
-        result = ExportResult::kBroken;
-    } else if (!text::MoveOver(draft.c_str(), path)) {
-        result = ExportResult::kRefused;
-    }
-    if (result != ExportResult::kWritten) ::DeleteFileA(draft.c_str());
-    return result;
+    const bool written = WriteAndClose(file, write);
+    if (written && text::MoveOver(draft.c_str(), path)) return ExportResult::kWritten;
+    ::DeleteFileA(draft.c_str());
+    if (!written) return ExportResult::kBroken;
+    // The place may be a link to another volume, or a file that is open elsewhere.
+    return IsReadOnly(path) ? ExportResult::kRefused : WriteInPlace(path, write);
 }

@@ -108,6 +108,18 @@ TEST_F(ExportTrades, WritesWhatTheListShowsByThenInItsOrder) {
     EXPECT_EQ("5 1 ", ShownNumbers());
 }
 
+TEST_F(ExportTrades, AsksBeforeItWritesOverAFile) {
+    Show({MakeTrade("1")});
+    folder_.Write(u8"a.csv", "old");
+    platform::testing::SeenBox box;
+    Export([&] {
+        Answer(IDOK, "a.csv");
+        platform::testing::AnswerNextBox(IDYES, &box);
+    });
+    EXPECT_TRUE(box.shown);
+    EXPECT_GBK_EQ(std::string(kHeader) + kLine, folder_.Read(u8"a.csv"));
+}
+
 TEST_F(ExportTrades, SurvivesThatThePageGoesMeanwhile) {
     Show({MakeTrade("1")});
     Export([&] {
